@@ -1,0 +1,201 @@
+#include "platform/textrules.h"
+
+#include <QDate>
+#include <QRegularExpression>
+
+#include <cmath>
+#include <limits>
+
+namespace textrules {
+
+namespace {
+
+bool isAsciiDigit(QChar c)
+{
+    return c >= QLatin1Char('0') && c <= QLatin1Char('9');
+}
+
+// Reads the number grammar and gives the text in the form QString::toDouble
+// takes (grouping commas dropped), or nothing when the text is not a number.
+std::optional<QString> plainNumberText(const QString& text)
+{
+    const QString s = trim(text);
+    const qsizetype n = s.size();
+    qsizetype i = 0;
+    QString out;
+    out.reserve(n);
+
+    if (i < n && (s[i] == QLatin1Char('+') || s[i] == QLatin1Char('-')))
+        out += s[i++];
+
+    bool mantissaDigits = false;
+    while (i < n) {
+        if (isAsciiDigit(s[i])) {
+            out += s[i++];
+            mantissaDigits = true;
+        } else if (s[i] == QLatin1Char(',') && mantissaDigits) {
+            ++i; // a grouping comma, anywhere behind the first digit
+        } else {
+            break;
+        }
+    }
+    if (i < n && s[i] == QLatin1Char('.')) {
+        out += s[i++];
+        while (i < n && isAsciiDigit(s[i])) {
+            out += s[i++];
+            mantissaDigits = true;
+        }
+    }
+    if (!mantissaDigits)
+        return std::nullopt;
+
+    if (i < n && (s[i] == QLatin1Char('e') || s[i] == QLatin1Char('E'))) {
+        out += QLatin1Char('e');
+        ++i;
+        if (i < n && (s[i] == QLatin1Char('+') || s[i] == QLatin1Char('-')))
+            out += s[i++];
+        bool exponentDigits = false;
+        while (i < n && isAsciiDigit(s[i])) {
+            out += s[i++];
+            exponentDigits = true;
+        }
+        if (!exponentDigits)
+            return std::nullopt;
+    }
+    if (i != n)
+        return std::nullopt;
+    return out;
+}
+
+// Years written with two digits fall into 1930 to 2029.
+int fullYear(int year, qsizetype digits)
+{
+    if (digits > 2)
+        return year;
+    return year < 30 ? 2000 + year : 1900 + year;
+}
+
+} // namespace
+
+QString trim(const QString& text)
+{
+    qsizetype begin = 0;
+    qsizetype end = text.size();
+    while (begin < end && text[begin] == QLatin1Char(' '))
+        ++begin;
+    while (end > begin && text[end - 1] == QLatin1Char(' '))
+        --end;
+    if (begin == 0 && end == text.size())
+        return text;
+    return text.mid(begin, end - begin);
+}
+
+QStringList split(const QString& text, const QString& separator)
+{
+    if (text.isEmpty())
+        return {};
+    return text.split(separator, Qt::KeepEmptyParts, Qt::CaseSensitive);
+}
+
+std::optional<double> toNumber(const QString& text)
+{
+    const std::optional<QString> plain = plainNumberText(text);
+    if (!plain)
+        return std::nullopt;
+    bool ok = false;
+    const double value = plain->toDouble(&ok);
+    if (!ok || !std::isfinite(value))
+        return std::nullopt;
+    return value;
+}
+
+bool isNumeric(const QString& text)
+{
+    return toNumber(text).has_value();
+}
+
+std::optional<qint32> toWhole(double value)
+{
+    if (!std::isfinite(value))
+        return std::nullopt;
+    const double nearest = std::nearbyint(value); // the default rounding: halves to even
+    if (nearest < double(std::numeric_limits<qint32>::min())
+        || nearest > double(std::numeric_limits<qint32>::max()))
+        return std::nullopt;
+    return static_cast<qint32>(nearest);
+}
+
+std::optional<qint32> toWhole(const QString& text)
+{
+    const std::optional<double> value = toNumber(text);
+    if (!value)
+        return std::nullopt;
+    return toWhole(*value);
+}
+
+QString format00(double value)
+{
+    const double rounded = std::round(value); // halves away from zero
+    if (rounded == 0.0)
+        return QStringLiteral("00");
+    QString digits = QString::number(std::fabs(rounded), 'f', 0);
+    if (digits.size() < 2)
+        digits.prepend(QLatin1Char('0'));
+    return rounded < 0 ? QLatin1Char('-') + digits : digits;
+}
+
+QString format00(const QString& text)
+{
+    const std::optional<double> value = toNumber(text);
+    return value ? format00(*value) : text;
+}
+
+QString decimal(qint64 value)
+{
+    return QString::number(value);
+}
+
+bool isDate(const QString& text)
+{
+    static const QString time = QStringLiteral("(?: +\\d{1,2}:\\d{2}(?::\\d{2})?)?");
+    static const QRegularExpression yearFirst(
+        QStringLiteral("^(\\d{4})([-/.])(\\d{1,2})\\2(\\d{1,2})") + time + QStringLiteral("$"));
+    static const QRegularExpression chinese(
+        QStringLiteral("^(\\d{4})年(\\d{1,2})月(\\d{1,2})日") + time + QStringLiteral("$"));
+    static const QRegularExpression yearLast(
+        QStringLiteral("^(\\d{1,2})([-/.])(\\d{1,2})\\2(\\d{2}|\\d{4})") + time + QStringLiteral("$"));
+
+    const QString s = trim(text);
+    if (const auto m = yearFirst.match(s); m.hasMatch())
+        return QDate(m.captured(1).toInt(), m.captured(3).toInt(), m.captured(4).toInt()).isValid();
+    if (const auto m = chinese.match(s); m.hasMatch())
+        return QDate(m.captured(1).toInt(), m.captured(2).toInt(), m.captured(3).toInt()).isValid();
+    if (const auto m = yearLast.match(s); m.hasMatch()) {
+        const int year = fullYear(m.captured(4).toInt(), m.captured(4).size());
+        const int first = m.captured(1).toInt();
+        const int second = m.captured(3).toInt();
+        // Month first as in "3/1/2016", or day first as in "1-3-2016".
+        return QDate(year, first, second).isValid() || QDate(year, second, first).isValid();
+    }
+    return false;
+}
+
+QString replaceNoCase(const QString& text, const QString& find, const QString& with)
+{
+    if (find.isEmpty())
+        return text;
+    QString result = text;
+    result.replace(find, with, Qt::CaseInsensitive);
+    return result;
+}
+
+qsizetype findNoCase(const QString& text, const QString& what, qsizetype from)
+{
+    if (from > text.size())
+        return -1;
+    if (what.isEmpty())
+        return from;
+    return text.indexOf(what, from, Qt::CaseInsensitive);
+}
+
+} // namespace textrules

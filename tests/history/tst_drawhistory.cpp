@@ -1,0 +1,255 @@
+#include "history/drawhistory.h"
+#include "history/numbercolumns.h"
+#include "platform/runtimefailure.h"
+
+#include <QSignalSpy>
+#include <QtTest>
+
+namespace {
+
+void addDraw(DrawHistory& history, const QString& issue, const QString& group)
+{
+    QVERIFY(history.add(DrawHistory::keyOf(issue), issue));
+    history.setSubItem(history.count() - 1, DrawHistory::GroupSubItem, group);
+}
+
+QStringList column(const DrawHistory& history, int columnIndex)
+{
+    QStringList cells;
+    for (int row = 0; row < history.count(); ++row)
+        cells.append(history.cell(row, columnIndex));
+    return cells;
+}
+
+} // namespace
+
+using Numbers = std::vector<qint32>;
+Q_DECLARE_METATYPE(Numbers)
+
+class DrawHistoryTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void keysAreUniqueOnAdd();
+    void keysAreUniqueOnChange();
+    void cellsOutsideTheListFail();
+    void sortIsOnceAndByText_data();
+    void sortIsOnceAndByText();
+    void sortIsStableAndRowsAddedLaterGoToTheEnd();
+    void selectionFollowsItsRowThroughASort();
+    void batchAnnouncesOnce();
+    void numberColumnPass();
+    void numberColumnPassOfAnEmptyGroupFailsAtOnce();
+    void scratchColumnIsBlanked();
+    void sortSixNumbers_data();
+    void sortSixNumbers();
+    void sortSixNumbersNeedsSixElements();
+    void cellsCantBeEditedInPlace();
+};
+
+void DrawHistoryTest::keysAreUniqueOnAdd()
+{
+    DrawHistory history;
+    QVERIFY(history.add("A2007024", "2007024"));
+    QVERIFY(!history.add("A2007024", "other"));
+    QVERIFY(!history.add("a2007024", "other")); // keys ignore case
+    QCOMPARE(history.count(), 1);
+    QCOMPARE(history.text(0), QStringLiteral("2007024"));
+    history.removeAt(0);
+    QVERIFY(history.add("A2007024", "again")); // a removed row frees its key
+    history.clear();
+    QVERIFY(history.add("A2007024", "after clear"));
+}
+
+void DrawHistoryTest::keysAreUniqueOnChange()
+{
+    DrawHistory history;
+    addDraw(history, "2007024", "x");
+    addDraw(history, "2007025", "y");
+    QVERIFY(!history.setKey(1, "A2007024"));
+    QCOMPARE(history.key(1), QStringLiteral("A2007025"));
+    QVERIFY(history.setKey(1, "A2007026"));
+    QVERIFY(history.add("A2007025", "2007025")); // the old key is free again
+    QVERIFY(!history.add("A2007026", "2007026"));
+    QVERIFY(history.setKey(0, "a2007024")); // its own key, in another case
+}
+
+void DrawHistoryTest::cellsOutsideTheListFail()
+{
+    DrawHistory history;
+    QVERIFY_THROWS_EXCEPTION(RuntimeError, history.text(0));
+    addDraw(history, "2007024", "x");
+    QVERIFY_THROWS_EXCEPTION(RuntimeError, history.subItem(1, 1));
+    QVERIFY_THROWS_EXCEPTION(RuntimeError, history.subItem(0, 11));
+    QVERIFY_THROWS_EXCEPTION(RuntimeError, history.subItem(0, 0));
+    QVERIFY_THROWS_EXCEPTION(RuntimeError, history.removeAt(-1));
+    try {
+        history.setSubItem(5, 1, "x");
+        QFAIL("no failure");
+    } catch (const RuntimeError& error) {
+        QCOMPARE(error.code(), RuntimeError::IndexOutOfBounds);
+    }
+}
+
+void DrawHistoryTest::sortIsOnceAndByText_data()
+{
+    QTest::addColumn<QStringList>("cells");
+    QTest::addColumn<int>("order");
+    QTest::addColumn<QStringList>("sorted");
+    QTest::newRow("two digits ascending") << QStringList{"17", "03", "33", "08"} << 0
+                                          << QStringList{"03", "08", "17", "33"};
+    QTest::newRow("descending") << QStringList{"17", "03", "33", "08"} << 1 << QStringList{"33", "17", "08", "03"};
+    QTest::newRow("one digit sorts above 33") << QStringList{"33", "8", "12"} << 1 << QStringList{"8", "33", "12"};
+    QTest::newRow("blanks sort last descending") << QStringList{"", "05", "30"} << 1 << QStringList{"30", "05", ""};
+    QTest::newRow("negative cells") << QStringList{"05", "-03", "00"} << 1 << QStringList{"05", "00", "-03"};
+}
+
+void DrawHistoryTest::sortIsOnceAndByText()
+{
+    QFETCH(QStringList, cells);
+    QFETCH(int, order);
+    QFETCH(QStringList, sorted);
+    DrawHistory history;
+    for (int i = 0; i < cells.size(); ++i) {
+        addDraw(history, QString::number(2007001 + i), "g");
+        history.setSubItem(i, 2, cells[i]);
+    }
+    history.sortOnce(2, order);
+    QCOMPARE(column(history, 2), sorted);
+    QCOMPARE(history.SortKey(), 2);
+    QCOMPARE(history.SortOrder(), order);
+    QVERIFY(!history.Sorted());
+    for (int row = 0; row < history.count(); ++row) // keys travel with their rows
+        QCOMPARE(history.key(row), QStringLiteral("A") + history.text(row));
+}
+
+void DrawHistoryTest::sortIsStableAndRowsAddedLaterGoToTheEnd()
+{
+    DrawHistory history;
+    addDraw(history, "2007003", "same");
+    addDraw(history, "2007001", "same");
+    addDraw(history, "2007002", "other");
+    history.sortOnce(1, 1);
+    QCOMPARE(column(history, 0), (QStringList{"2007003", "2007001", "2007002"}));
+    addDraw(history, "2007000", "zzz");
+    QCOMPARE(history.text(3), QStringLiteral("2007000"));
+}
+
+void DrawHistoryTest::selectionFollowsItsRowThroughASort()
+{
+    DrawHistory history;
+    addDraw(history, "2007001", "a");
+    addDraw(history, "2007003", "b");
+    addDraw(history, "2007002", "c");
+    const QPersistentModelIndex selected = history.index(0, 0);
+    history.sortOnce(0, 1);
+    QCOMPARE(selected.row(), 2);
+    QCOMPARE(history.text(selected.row()), QStringLiteral("2007001"));
+}
+
+void DrawHistoryTest::batchAnnouncesOnce()
+{
+    DrawHistory history;
+    addDraw(history, "2007000", "00 01 02 03 04 05 06 07");
+    QSignalSpy inserted(&history, &QAbstractItemModel::rowsInserted);
+    QSignalSpy changed(&history, &QAbstractItemModel::dataChanged);
+    {
+        DrawHistory::Batch batch(history);
+        for (int i = 1; i <= 100; ++i)
+            addDraw(history, QString::number(2007000 + i), "01 02 03 04 05 06 07 08");
+        history.setSubItem(0, 10, "x");
+        QCOMPARE(history.count(), 101);
+        QCOMPARE(history.rowCount(), 1); // the views learn of the rows at the end
+        QCOMPARE(inserted.count(), 0);
+    }
+    QCOMPARE(history.rowCount(), 101);
+    QCOMPARE(inserted.count(), 1);
+    QCOMPARE(inserted[0][1].toInt(), 1);
+    QCOMPARE(inserted[0][2].toInt(), 100);
+    QCOMPARE(changed.count(), 1);
+}
+
+void DrawHistoryTest::numberColumnPass()
+{
+    DrawHistory history;
+    addDraw(history, "2007024", "08 09 17 25 27 32 06 15");
+    addDraw(history, "2007025", "01 02 03 04 05 06 07 08 09"); // tokens behind the eighth are ignored
+    history.setSubItem(0, 3, "stale");
+    numbercolumns::split(history);
+    QCOMPARE(history.subItem(0, 2), QStringLiteral("08"));
+    QCOMPARE(history.subItem(0, 3), QStringLiteral("09"));
+    QCOMPARE(history.subItem(0, 8), QStringLiteral("06"));
+    QCOMPARE(history.subItem(0, 9), QStringLiteral("15"));
+    QCOMPARE(history.subItem(1, 9), QStringLiteral("08"));
+    QCOMPARE(history.subItem(1, 10), QString());
+}
+
+void DrawHistoryTest::numberColumnPassOfAnEmptyGroupFailsAtOnce()
+{
+    DrawHistory history;
+    addDraw(history, "2007024", "");
+    addDraw(history, "2007025", "08 09 17 25 27 32 06 15");
+    try {
+        numbercolumns::split(history);
+        QFAIL("no failure");
+    } catch (const RuntimeError& error) {
+        QCOMPARE(error.code(), RuntimeError::SubscriptOutOfRange);
+    }
+    QCOMPARE(history.subItem(0, 2), QString());
+    QCOMPARE(history.subItem(1, 2), QString());
+}
+
+void DrawHistoryTest::scratchColumnIsBlanked()
+{
+    DrawHistory history;
+    addDraw(history, "1", "a");
+    addDraw(history, "2", "b");
+    history.setSubItem(0, 10, "03");
+    history.setSubItem(1, 10, "04");
+    numbercolumns::clearScratch(history);
+    QCOMPARE(column(history, 10), (QStringList{"", ""}));
+    QCOMPARE(history.subItem(0, 1), QStringLiteral("a"));
+}
+
+void DrawHistoryTest::sortSixNumbers_data()
+{
+    QTest::addColumn<Numbers>("numbers");
+    QTest::addColumn<Numbers>("sorted");
+    QTest::newRow("reds reversed, spare element kept") << Numbers{32, 27, 25, 17, 9, 8, 0}
+                                                       << Numbers{8, 9, 17, 25, 27, 32, 0};
+    QTest::newRow("duplicates stay") << Numbers{5, 3, 5, 1, 3, 2} << Numbers{1, 2, 3, 3, 5, 5};
+    QTest::newRow("three digits sort by text") << Numbers{11, 100, 9, 1, 33, 2} << Numbers{1, 2, 9, 100, 11, 33};
+    QTest::newRow("only the first six") << Numbers{6, 5, 4, 3, 2, 1, 0, -1} << Numbers{1, 2, 3, 4, 5, 6, 0, -1};
+    QTest::newRow("a zero sorts first") << Numbers{8, 9, 17, 25, 27, 0} << Numbers{0, 8, 9, 17, 25, 27};
+}
+
+void DrawHistoryTest::sortSixNumbers()
+{
+    QFETCH(Numbers, numbers);
+    QFETCH(Numbers, sorted);
+    QCOMPARE(排序6个数字(numbers), sorted);
+    QCOMPARE(numbers, sorted); // in place as well
+}
+
+void DrawHistoryTest::sortSixNumbersNeedsSixElements()
+{
+    Numbers five{5, 4, 3, 2, 1};
+    QVERIFY_THROWS_EXCEPTION(RuntimeError, 排序6个数字(five));
+    QCOMPARE(five, (Numbers{5, 4, 3, 2, 1}));
+}
+
+void DrawHistoryTest::cellsCantBeEditedInPlace()
+{
+    DrawHistory history;
+    addDraw(history, "2007024", "x");
+    QVERIFY(!(history.flags(history.index(0, 0)) & Qt::ItemIsEditable));
+    QVERIFY(history.flags(history.index(0, 0)) & Qt::ItemIsSelectable);
+    QVERIFY(!history.setData(history.index(0, 0), "changed"));
+    QCOMPARE(history.text(0), QStringLiteral("2007024"));
+    QCOMPARE(history.headerData(0, Qt::Horizontal).toString(), QStringLiteral("彩票期号"));
+    QCOMPARE(history.headerData(9, Qt::Horizontal).toString(), QStringLiteral("蓝2"));
+    QCOMPARE(history.headerData(10, Qt::Horizontal).toString(), QString());
+}
+
+QTEST_GUILESS_MAIN(DrawHistoryTest)
+#include "tst_drawhistory.moc"
