@@ -1,0 +1,97 @@
+#include "app/desktopservices.h"
+
+#include "platform/appinfo.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QDesktopServices>
+#include <QFileDialog>
+#include <QMessageBox>
+#include <QUrl>
+
+namespace {
+
+QWidget* dialogParent()
+{
+    if (QWidget* modal = QApplication::activeModalWidget())
+        return modal;
+    return QApplication::activeWindow();
+}
+
+QMessageBox::Icon boxIcon(MessageIcon icon)
+{
+    switch (icon) {
+    case MessageIcon::Critical:
+        return QMessageBox::Critical;
+    case MessageIcon::Question:
+        return QMessageBox::Question;
+    case MessageIcon::Exclamation:
+        return QMessageBox::Warning;
+    case MessageIcon::Information:
+        return QMessageBox::Information;
+    case MessageIcon::None:
+        break;
+    }
+    return QMessageBox::NoIcon;
+}
+
+QString askFileName(QFileDialog::AcceptMode mode, const QString& filter, const QString& defaultSuffix)
+{
+    QFileDialog dialog(dialogParent(), QString(), QString(), filter);
+    dialog.setAcceptMode(mode);
+    dialog.setFileMode(mode == QFileDialog::AcceptOpen ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
+    dialog.setDefaultSuffix(defaultSuffix);
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+        return {};
+    return dialog.selectedFiles().constFirst();
+}
+
+} // namespace
+
+void QtMessageService::show(MessageIcon icon, const QString& text)
+{
+    QMessageBox box(boxIcon(icon), appinfo::title(), text, QMessageBox::Ok, dialogParent());
+    box.exec();
+}
+
+bool QtMessageService::askYesNo(const QString& text)
+{
+    QMessageBox box(QMessageBox::Question, appinfo::title(), text, QMessageBox::Yes | QMessageBox::No,
+                    dialogParent());
+    return box.exec() == QMessageBox::Yes;
+}
+
+void QtClipboard::clear()
+{
+    QGuiApplication::clipboard()->clear();
+}
+
+void QtClipboard::setText(const QString& text)
+{
+    QGuiApplication::clipboard()->setText(text);
+}
+
+QString QtClipboard::text() const
+{
+    return QGuiApplication::clipboard()->text();
+}
+
+void QtDesktopLauncher::openAddress(const QString& address)
+{
+    QDesktopServices::openUrl(QUrl(address, QUrl::TolerantMode));
+}
+
+void QtDesktopLauncher::openDocument(const QString& path)
+{
+    QDesktopServices::openUrl(QUrl::fromLocalFile(path));
+}
+
+QString QtFileDialogs::openFileName(const QString& filter, const QString& defaultSuffix)
+{
+    return askFileName(QFileDialog::AcceptOpen, filter, defaultSuffix);
+}
+
+QString QtFileDialogs::saveFileName(const QString& filter, const QString& defaultSuffix)
+{
+    return askFileName(QFileDialog::AcceptSave, filter, defaultSuffix);
+}

@@ -1,0 +1,52 @@
+#include "app/appcontext.h"
+#include "app/desktopservices.h"
+#include "app/mainform.h"
+#include "app/programstyle.h"
+#include "platform/appinfo.h"
+#include "platform/systemservices.h"
+#include "settings/settingsstore.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QStandardPaths>
+
+int main(int argc, char* argv[])
+{
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(appinfo::title());
+    QApplication::setApplicationVersion(
+        QStringLiteral("%1.%2.%3").arg(appinfo::major).arg(appinfo::minor).arg(appinfo::revision));
+    programstyle::applyTo(application);
+
+    const QString settingsFolder =
+        QDir(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation)).filePath(appinfo::exeName());
+    IniSettingsStore settings(settingsFolder, appinfo::title());
+    QtMessageService messages;
+    QtClipboard clipboard;
+    QtDesktopLauncher launcher;
+    QtFileDialogs fileDialogs;
+    SystemRandom random;
+    SystemClock clock;
+    SystemProcessControl process;
+
+    AppContext context{
+        .programFolder = QCoreApplication::applicationDirPath(),
+        .settings = settings,
+        .messages = messages,
+        .clipboard = clipboard,
+        .launcher = launcher,
+        .fileDialogs = fileDialogs,
+        .random = random,
+        .clock = clock,
+        .process = process,
+        .addresses = SiteAddresses(),
+        .startup = StartupServices(),
+        .ranges = BallRanges(),
+        .OsDescription = QString(),
+        .DrawSiteBase = QString(),
+    };
+
+    MainForm mainForm(context);
+    mainForm.Form_Load();
+    return application.exec();
+}

@@ -1,0 +1,36 @@
+#include "app/programstyle.h"
+
+#include <QApplication>
+
+namespace programstyle {
+
+QFont ui(qreal pointSize)
+{
+    QFont font;
+    font.setFamilies({QStringLiteral("宋体"), QStringLiteral("SimSun"), QStringLiteral("Noto Sans CJK SC"),
+                      QStringLiteral("WenQuanYi Micro Hei"), QStringLiteral("sans-serif")});
+    font.setPointSizeF(pointSize);
+    return font;
+}
+
+QFont serif(qreal pointSize)
+{
+    QFont font;
+    font.setFamilies({QStringLiteral("宋体"), QStringLiteral("SimSun"), QStringLiteral("Noto Serif CJK SC"),
+                      QStringLiteral("AR PL UMing CN"), QStringLiteral("serif")});
+    font.setPointSizeF(pointSize);
+    return font;
+}
+
+void applyTo(QApplication& application)
+{
+    application.setFont(ui());
+    // A group's caption stands on its border line near the top, as the
+    // controls inside were placed for: they begin a few pixels below it.
+    application.setStyleSheet(QStringLiteral(
+        "QGroupBox { border: 1px solid #a8a8a8; border-radius: 2px; margin-top: 7px; }"
+        "QGroupBox::title { subcontrol-origin: margin; subcontrol-position: top left;"
+        " left: 7px; top: 0px; padding: 0px 2px; }"));
+}
+
+} // namespace programstyle

@@ -1,0 +1,423 @@
+#include "app/logo.h"
+#include "app/mainform.h"
+#include "app/programstyle.h"
+#include "settings/ballranges.h"
+#include "testapp.h"
+
+#include <QAction>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QHeaderView>
+#include <QLabel>
+#include <QMenu>
+#include <QStatusBar>
+#include <QTimer>
+#include <QTreeView>
+#include <QtTest>
+
+namespace {
+
+const QStringList threeDraws{
+    "2007024*=*08 09 17 25 27 32 06 15*=*08",
+    "2007026*=*01 02 03 04 05 06 07 00*=*01",
+    "2007025*=*10 11 12 13 14 15 16 01*=*10",
+};
+
+QStringList issues(MainForm& form)
+{
+    QStringList texts;
+    for (int row = 0; row < form.history().count(); ++row)
+        texts.append(form.history().text(row));
+    return texts;
+}
+
+void clickHeader(MainForm& form, int column)
+{
+    QHeaderView* header = form.ListView1->header();
+    const QPoint centre(header->sectionViewportPosition(column) + header->sectionSize(column) / 2,
+                        header->height() / 2);
+    QTest::mouseClick(header->viewport(), Qt::LeftButton, {}, centre);
+}
+
+void selectRow(MainForm& form, int row)
+{
+    QTreeView* list = form.ListView1;
+    const QRect cell = list->visualRect(form.history().index(row, 0));
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, cell.center());
+    QCOMPARE(form.selectedRow(), row);
+}
+
+} // namespace
+
+class MainFormTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void firstStartWithNothing();
+    void startLoadsHistoryAndIgnoresABadRow();
+    void strangeStoredRangeBecomesZeroAndIsWrittenBack();
+    void splashGivesWayAtTickOrClick();
+    void splashWaitsForTheUpdateCheck();
+    void headerClicksFlipOneDirection();
+    void deleteActsOnTheSelectedRow();
+    void copyPutsTheGroupOnTheClipboard();
+    void clearAsksFirst();
+    void inPlaceEditingIsRefused();
+    void rightClickShowsTheListMenuEvenWhenEmpty();
+    void windowKeepsItsDesignedSize();
+    void menuBarIsComplete();
+    void browserAndMailEntries();
+    void controlsStandWhereDrawn();
+};
+
+void MainFormTest::firstStartWithNothing()
+{
+    TestApp app;
+    MainForm form(app.context);
+    form.Form_Load();
+
+    QVERIFY(!form.isVisible());
+    QVERIFY(form.logo() && form.logo()->isVisible());
+    QCOMPARE(form.windowTitle(), QStringLiteral("澄川号码分析台 V2.4-澄川软件"));
+    QCOMPARE(form.history().count(), 0);
+    QCOMPARE(form.StatusBar1Panel(2)->text(), QStringLiteral("列表加载完成。"));
+    QCOMPARE(form.StatusBar1Panel(3)->text(), QStringLiteral("彩票期数：0"));
+    QCOMPARE(form.StatusBar1Panel(1)->text(), QStringLiteral("澄川软件"));
+    QCOMPARE(form.StatusBar1Panel(1)->toolTip(), QStringLiteral("澄川软件"));
+    QCOMPARE(form.StatusBar1Panel(4)->text(), QString());
+    for (int ball = 1; ball <= 6; ++ball) {
+        QCOMPARE(app.context.ranges.min(ball), 1);
+        QCOMPARE(app.context.ranges.max(ball), 33);
+    }
+    QCOMPARE(form.Combo1->currentText(), QStringLiteral("1"));
+    QCOMPARE(form.Combo2->currentIndex(), 0);
+    QCOMPARE(form.Combo3->currentIndex(), 0);
+    QCOMPARE(app.context.DrawSiteBase, app.context.addresses.drawSiteBase);
+
+    form.menu退出->trigger();
+    QCOMPARE(app.historyBytes(), QByteArray("\r\n"));
+    QCOMPARE(app.process.exitCodes, QList<int>{0});
+    QCOMPARE(app.context.settings.read("设置M", "球6取值MAX", "none"), QStringLiteral("33"));
+    QCOMPARE(app.context.settings.read("设置M", "球1取值MIN", "none"), QStringLiteral("1"));
+}
+
+void MainFormTest::startLoadsHistoryAndIgnoresABadRow()
+{
+    TestApp app;
+    app.writeHistory({threeDraws[0], "2007027*=*01 02 03 04 05 06 07*=*", threeDraws[1]});
+    MainForm form(app.context);
+    form.Form_Load();
+
+    QCOMPARE(issues(form), (QStringList{"2007024", "2007027", "2007026"}));
+    QCOMPARE(form.StatusBar1Panel(3)->text(), QStringLiteral("彩票期数：3"));
+    QCOMPARE(form.history().subItem(0, 9), QStringLiteral("15"));
+    QCOMPARE(form.history().subItem(1, 8), QStringLiteral("07"));
+    QCOMPARE(form.history().subItem(2, 2), QString()); // behind the bad row
+    QVERIFY(!app.process.ended());
+    QVERIFY(app.messages.shown.isEmpty());
+    // The list on the screen shows the rows and their number cells.
+    QCOMPARE(form.ListView1->model()->rowCount(), 3);
+    QCOMPARE(form.ListView1->model()->index(0, 2).data().toString(), QStringLiteral("08"));
+
+    form.close();
+    QCOMPARE(app.historyBytes(), QByteArray("2007024*=*08 09 17 25 27 32 06 15*=*08\r\n"
+                                            "2007027*=*01 02 03 04 05 06 07*=*01\r\n"
+                                            "2007026*=*01 02 03 04 05 06 07 00*=*\r\n"));
+}
+
+void MainFormTest::strangeStoredRangeBecomesZeroAndIsWrittenBack()
+{
+    TestApp app;
+    app.context.settings.write("设置M", "球3取值MIN", "abc");
+    app.context.settings.write("设置M", "球3取值MAX", "20");
+    MainForm form(app.context);
+    form.Form_Load();
+    QCOMPARE(app.context.ranges.min(3), 0);
+    QCOMPARE(app.context.ranges.max(3), 20);
+    form.close();
+    QCOMPARE(app.context.settings.read("设置M", "球3取值MIN", {}), QStringLiteral("0"));
+}
+
+void MainFormTest::splashGivesWayAtTickOrClick()
+{
+    TestApp app;
+    MainForm form(app.context);
+    form.Form_Load();
+    QPointer<Logo> logo = form.logo();
+    QCOMPARE(logo->Timer1->interval(), 6000);
+    QVERIFY(logo->Timer1->isActive());
+    QCOMPARE(logo->size(), logo->Image1->size());
+    QCOMPARE(logo->size(), QSize(436, 408));
+    QVERIFY(logo->windowFlags() & Qt::FramelessWindowHint);
+
+    // A click on the picture shows the main window at once; the splash stays loaded.
+    QTest::mouseClick(logo->Image1, Qt::LeftButton);
+    QVERIFY(form.isVisible());
+    QVERIFY(logo && !logo->isVisible());
+    QVERIFY(logo->Timer1->isActive());
+
+    // With no update check to wait for, the first tick unloads it.
+    logo->Timer1_Timer();
+    QTRY_VERIFY(logo.isNull());
+    QVERIFY(form.isVisible());
+}
+
+void MainFormTest::splashWaitsForTheUpdateCheck()
+{
+    TestApp app;
+    std::function<void()> endCheck;
+    QStringList calls;
+    app.context.startup.getOSName = [&] { calls << "name"; return QStringLiteral("Debian 12"); };
+    app.context.startup.addressWidth = [] { return QStringLiteral("64"); };
+    app.context.startup.setBrowserEmulation = [&](const QString& version, bool force) {
+        calls << version + (force ? "+" : "-");
+    };
+    app.context.startup.startUpdateCheck = [&](std::function<void()> ended) {
+        calls << "check";
+        endCheck = std::move(ended);
+    };
+    MainForm form(app.context);
+    form.Form_Load();
+    QCOMPARE(calls, (QStringList{"name", "IE10+", "check"}));
+    QCOMPARE(app.context.OsDescription, QStringLiteral("Debian 12[64位]"));
+
+    QPointer<Logo> logo = form.logo();
+    logo->Timer1_Timer();
+    QVERIFY(form.isVisible());
+    QVERIFY(logo && !logo->isVisible());
+    QVERIFY(!logo->updateCheckEnded());
+    logo->Timer1_Timer(); // ticks go on, harmlessly
+    QVERIFY(logo);
+
+    endCheck();
+    QVERIFY(logo->updateCheckEnded());
+    logo->Timer1_Timer();
+    QTRY_VERIFY(logo.isNull());
+}
+
+void MainFormTest::headerClicksFlipOneDirection()
+{
+    TestApp app;
+    app.writeHistory(threeDraws);
+    MainForm form(app.context);
+    form.Form_Load();
+    form.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&form));
+
+    clickHeader(form, 0);
+    QCOMPARE(issues(form), (QStringList{"2007026", "2007025", "2007024"}));
+    QCOMPARE(form.history().SortOrder(), 1);
+    clickHeader(form, 0);
+    QCOMPARE(issues(form), (QStringList{"2007024", "2007025", "2007026"}));
+    clickHeader(form, 2); // another column flips the same direction: descending by 红1
+    QCOMPARE(form.history().SortKey(), 2);
+    QCOMPARE(issues(form), (QStringList{"2007025", "2007024", "2007026"}));
+    clickHeader(form, 0);
+    QCOMPARE(form.history().SortKey(), 0);
+    QCOMPARE(issues(form), (QStringList{"2007024", "2007025", "2007026"}));
+}
+
+void MainFormTest::deleteActsOnTheSelectedRow()
+{
+    TestApp app;
+    app.writeHistory(threeDraws);
+    MainForm form(app.context);
+    form.Form_Load();
+    form.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&form));
+
+    form.menu删除->trigger(); // nothing selected: nothing happens
+    QCOMPARE(form.history().count(), 3);
+
+    selectRow(form, 0); // 2007024
+    clickHeader(form, 0); // sorted descending, the selection goes with its row
+    QCOMPARE(issues(form), (QStringList{"2007026", "2007025", "2007024"}));
+    QCOMPARE(form.selectedRow(), 2);
+    form.menu删除->trigger();
+    QCOMPARE(issues(form), (QStringList{"2007026", "2007025"}));
+    QCOMPARE(form.StatusBar1Panel(3)->text(), QStringLiteral("彩票期数：2"));
+    QVERIFY(app.messages.questions.isEmpty());
+
+    // The file changes at exit only.
+    QCOMPARE(app.historyBytes().count("\r\n"), 3);
+    form.close();
+    QCOMPARE(app.historyBytes(), QByteArray("2007026*=*01 02 03 04 05 06 07 00*=*01\r\n"
+                                            "2007025*=*10 11 12 13 14 15 16 01*=*10\r\n"));
+}
+
+void MainFormTest::copyPutsTheGroupOnTheClipboard()
+{
+    TestApp app;
+    app.writeHistory({threeDraws[0], "2007099*=*   *=*"});
+    MainForm form(app.context);
+    form.Form_Load();
+    form.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&form));
+    app.clipboard.contents = QStringLiteral("before");
+
+    form.menu复制一组号码->trigger();
+    QCOMPARE(app.clipboard.contents, QStringLiteral("before"));
+
+    selectRow(form, 1); // a blank group: nothing to copy
+    form.menu复制一组号码->trigger();
+    QCOMPARE(app.clipboard.contents, QStringLiteral("before"));
+    QCOMPARE(app.clipboard.clears, 0);
+
+    selectRow(form, 0);
+    form.menu复制一组号码->trigger();
+    QCOMPARE(app.clipboard.contents, QStringLiteral("08 09 17 25 27 32 06 15"));
+    QCOMPARE(app.clipboard.clears, 1);
+}
+
+void MainFormTest::clearAsksFirst()
+{
+    TestApp app;
+    app.writeHistory(threeDraws);
+    MainForm form(app.context);
+    form.Form_Load();
+
+    app.messages.answers = {false};
+    form.menu清空->trigger();
+    QCOMPARE(app.messages.questions,
+             QStringList{QStringLiteral("清空列表，将导致很多功能无法正常工作！你打算清空吗？")});
+    QCOMPARE(form.history().count(), 3);
+    QCOMPARE(form.StatusBar1Panel(3)->text(), QStringLiteral("彩票期数：3"));
+
+    app.messages.answers = {true};
+    form.menu清空->trigger();
+    QCOMPARE(form.history().count(), 0);
+    QCOMPARE(form.StatusBar1Panel(3)->text(), QStringLiteral("彩票期数：0"));
+    QCOMPARE(form.ListView1->model()->rowCount(), 0);
+}
+
+void MainFormTest::inPlaceEditingIsRefused()
+{
+    TestApp app;
+    app.writeHistory(threeDraws);
+    MainForm form(app.context);
+    form.Form_Load();
+    form.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&form));
+    selectRow(form, 0);
+    QTest::keyClick(form.ListView1, Qt::Key_F2);
+    const QRect cell = form.ListView1->visualRect(form.history().index(0, 0));
+    QTest::mouseDClick(form.ListView1->viewport(), Qt::LeftButton, {}, cell.center());
+    QVERIFY(!form.ListView1->findChild<QLineEdit*>());
+    QCOMPARE(form.history().text(0), QStringLiteral("2007024"));
+}
+
+void MainFormTest::rightClickShowsTheListMenuEvenWhenEmpty()
+{
+    TestApp app;
+    MainForm form(app.context);
+    form.Form_Load();
+    form.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&form));
+    QWidget* viewport = form.ListView1->viewport();
+    const QPoint at(40, 40);
+    QContextMenuEvent menuRequest(QContextMenuEvent::Mouse, at, viewport->mapToGlobal(at));
+    QApplication::sendEvent(viewport, &menuRequest);
+    QTRY_VERIFY(form.menu列表->isVisible());
+    form.menu列表->close();
+}
+
+void MainFormTest::windowKeepsItsDesignedSize()
+{
+    TestApp app;
+    MainForm form(app.context);
+    form.Form_Load();
+    form.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&form));
+    const QSize designed = form.size();
+    QCOMPARE(designed.width(), 722);
+    QCOMPARE(form.centralWidget()->height() + form.statusBar()->height(), 525);
+
+    form.resize(900, 700);
+    QCOMPARE(form.size(), designed);
+    form.showMaximized();
+    QTRY_COMPARE(form.size(), designed);
+    form.showMinimized();
+    form.showNormal();
+    QTRY_COMPARE(form.size(), designed);
+}
+
+void MainFormTest::menuBarIsComplete()
+{
+    TestApp app;
+    MainForm form(app.context);
+    const auto captions = [](QMenu* menu) {
+        QStringList texts;
+        for (QAction* action : menu->actions())
+            texts << (action->isSeparator() ? QStringLiteral("-") : action->text())
+                         + (action->isVisible() ? QString() : QStringLiteral("(hidden)"));
+        return texts;
+    };
+    QCOMPARE(form.menu列表->title(), QStringLiteral("列表(&L)"));
+    QCOMPARE(captions(form.menu列表), (QStringList{"添加", "删除", "修改", "-", "复制一组号码", "拆分八位数字(hidden)", "-",
+                                                  "批量导入", "在线导入最新开奖数据", "清空", "-", "退出"}));
+    QCOMPARE(form.menu统计->title(), QStringLiteral("统计(&C)"));
+    QCOMPARE(captions(form.menu统计),
+             (QStringList{"七个球总和之平均统计", "七个球偶数出现率统计", "-(hidden)", "最近未开奖红色球球号(hidden)"}));
+    QCOMPARE(form.menu工具->title(), QStringLiteral("工具(&T)"));
+    QCOMPARE(captions(form.menu工具), (QStringList{"设置", "查看设置", "-", "最新福彩资料"}));
+    QCOMPARE(form.menu预测与过滤->title(), QStringLiteral("预测与过滤(&Y)"));
+    QCOMPARE(captions(form.menu预测与过滤),
+             (QStringList{"一般性预测", "过滤式预测", "投注式预测", "除3余数预测(hidden)", "-", "号码组过滤"}));
+    QCOMPARE(form.menu帮助->title(), QStringLiteral("帮助(&H)"));
+    QCOMPARE(captions(form.menu帮助), (QStringList{"关于", "软件使用方法", "软件权限设置方法", "微软组件安装", "-",
+                                                  "作者网站和其他软件", "Email给软件作者", "定制软件"}));
+    QCOMPARE(form.ghtre432643->objectName(), QStringLiteral("ghtre432643"));
+}
+
+void MainFormTest::browserAndMailEntries()
+{
+    TestApp app;
+    MainForm form(app.context);
+    form.Form_Load();
+    form.menu最新福彩资料->trigger();
+    form.menu作者网站和其他软件->trigger();
+    form.menu定制软件->trigger();
+    QCOMPARE(app.launcher.addresses,
+             (QStringList{"http://127.0.0.1:9/ssq/kaijiangshuju/", "http://127.0.0.1:9/maker/",
+                          "http://127.0.0.1:9/maker/customware.htm"}));
+
+    form.menuEmail给软件作者->trigger();
+    const QString mail = app.launcher.addresses.last();
+    const QString date = QLocale::system().toString(app.clock.current.date(), QLocale::ShortFormat);
+    QCOMPARE(mail, QStringLiteral("mailto:maker@127.0.0.1&subject=我要对软件：澄川号码分析台 提建议&body="
+                                  "软件名称：澄川号码分析台\r\n\r\n 姓名：      \r\n QQ号码：     \r\n"
+                                  " Email：     \r\n 联系地址：     \r\n 邮编：      \r\n 日期：")
+                       + date);
+}
+
+void MainFormTest::controlsStandWhereDrawn()
+{
+    TestApp app;
+    MainForm form(app.context);
+    QCOMPARE(form.ListView1->geometry(), QRect(7, 16, 708, 332));
+    QCOMPARE(form.Frame1->geometry(), QRect(7, 383, 708, 104));
+    QCOMPARE(form.Command12->geometry(), QRect(283, 65, 147, 26));
+    QCOMPARE(form.Label4->geometry(), QRect(176, 358, 357, 20));
+    QCOMPARE(form.ListView1->header()->sectionSize(0), 141);
+    QCOMPARE(form.ListView1->header()->sectionSize(1), 353);
+    QCOMPARE(form.ListView1->header()->sectionSize(10), 59);
+    QCOMPARE(form.Combo1->count(), 8);
+    QCOMPARE(form.Combo2->itemText(4), QStringLiteral("球6－球5"));
+    QCOMPARE(form.Combo3->itemText(0), QStringLiteral("(球2+球1)/2"));
+    QCOMPARE(form.StatusBar1Panel(1)->width(), 169);
+    // Every caption fits its control.
+    for (QLabel* label : {form.Label1, form.Label6, form.Label4, form.Label2})
+        QVERIFY2(label->fontMetrics().horizontalAdvance(label->text()) <= label->width(), qPrintable(label->text()));
+}
+
+int main(int argc, char* argv[])
+{
+    QApplication application(argc, argv);
+    programstyle::applyTo(application);
+    MainFormTest test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "tst_mainform.moc"

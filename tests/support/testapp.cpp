@@ -1,0 +1,83 @@
+#include "testapp.h"
+
+#include "history/historyfile.h"
+#include "platform/appinfo.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QTimer>
+#include <QWidget>
+
+namespace {
+
+IniSettingsStore* makeSettings(const QTemporaryDir& folder)
+{
+    return new IniSettingsStore(QDir(folder.path()).filePath(QStringLiteral("settings")), appinfo::title());
+}
+
+} // namespace
+
+TestApp::TestApp()
+    : m_settings(makeSettings(m_folder)),
+      context{
+          .programFolder = m_folder.path(),
+          .settings = *m_settings,
+          .messages = messages,
+          .clipboard = clipboard,
+          .launcher = launcher,
+          .fileDialogs = fileDialogs,
+          .random = random,
+          .clock = clock,
+          .process = process,
+          .addresses = SiteAddresses{QStringLiteral("http://127.0.0.1:9"), QStringLiteral("http://127.0.0.1:9/maker/"),
+                                     QStringLiteral("maker@127.0.0.1")},
+          .startup = StartupServices(),
+          .ranges = BallRanges(),
+          .OsDescription = QString(),
+          .DrawSiteBase = QString(),
+      }
+{
+}
+
+QString TestApp::historyPath() const
+{
+    return historyfile::pathIn(m_folder.path());
+}
+
+QString TestApp::settingsFolder() const
+{
+    return QDir(m_folder.path()).filePath(QStringLiteral("settings"));
+}
+
+void TestApp::writeHistory(const QStringList& lines) const
+{
+    QFile file(historyPath());
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate))
+        qFatal("can't write the test history");
+    for (const QString& line : lines)
+        file.write((line + QStringLiteral("\r\n")).toUtf8());
+}
+
+QByteArray TestApp::historyBytes() const
+{
+    QFile file(historyPath());
+    if (!file.open(QIODevice::ReadOnly))
+        return {};
+    return file.readAll();
+}
+
+void whenModalShown(std::function<void(QWidget*)> action)
+{
+    auto* poll = new QTimer;
+    poll->setInterval(10);
+    QObject::connect(poll, &QTimer::timeout, poll, [poll, action = std::move(action)] {
+        QWidget* modal = QApplication::activeModalWidget();
+        if (!modal || !modal->isVisible())
+            return;
+        poll->stop();
+        poll->deleteLater();
+        action(modal);
+    });
+    poll->start();
+}

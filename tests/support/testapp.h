@@ -1,0 +1,51 @@
+#pragma once
+
+// A program context for window tests: fakes for every seam, a temporary
+// program folder and a settings store inside it. Nothing touches the real
+// program folder, the user's settings or the network.
+
+#include "app/appcontext.h"
+#include "fakes.h"
+#include "settings/settingsstore.h"
+
+#include <QByteArray>
+#include <QStringList>
+#include <QTemporaryDir>
+
+#include <functional>
+#include <memory>
+
+class QWidget;
+
+class TestApp {
+public:
+    TestApp();
+
+    QString programFolder() const { return m_folder.path(); }
+    QString historyPath() const;
+    QString settingsFolder() const;
+
+    // Writes "list.ocd" with these lines, each ended by CR LF.
+    void writeHistory(const QStringList& lines) const;
+    QByteArray historyBytes() const;
+
+    FakeMessages messages;
+    FakeClipboard clipboard;
+    FakeLauncher launcher;
+    FakeFileDialogs fileDialogs;
+    ScriptedRandom random;
+    FixedClock clock;
+    RecordingProcess process;
+
+private:
+    QTemporaryDir m_folder;
+    std::unique_ptr<IniSettingsStore> m_settings;
+
+public:
+    AppContext context;
+};
+
+// Runs `action` on the next modal window once it is shown, from the event
+// loop of that window: the way to fill in and close a modal dialog that a
+// command opens.
+void whenModalShown(std::function<void(QWidget*)> action);
