@@ -67,6 +67,30 @@ std::optional<QString> plainNumberText(const QString& text)
     return out;
 }
 
+// The common case of a cell or token: a few plain digits, perhaps signed and
+// with blanks around. Nothing when the text is of any other form.
+std::optional<double> plainDigits(const QString& text)
+{
+    qsizetype begin = 0;
+    qsizetype end = text.size();
+    while (begin < end && text[begin] == QLatin1Char(' '))
+        ++begin;
+    while (end > begin && text[end - 1] == QLatin1Char(' '))
+        --end;
+    bool negative = false;
+    if (begin < end && (text[begin] == QLatin1Char('-') || text[begin] == QLatin1Char('+')))
+        negative = text[begin++] == QLatin1Char('-');
+    if (begin == end || end - begin > 15)
+        return std::nullopt;
+    qint64 value = 0;
+    for (qsizetype i = begin; i < end; ++i) {
+        if (!isAsciiDigit(text[i]))
+            return std::nullopt;
+        value = value * 10 + (text[i].unicode() - '0');
+    }
+    return negative ? -double(value) : double(value);
+}
+
 // Years written with two digits fall into 1930 to 2029.
 int fullYear(int year, qsizetype digits)
 {
@@ -99,6 +123,8 @@ QStringList split(const QString& text, const QString& separator)
 
 std::optional<double> toNumber(const QString& text)
 {
+    if (const std::optional<double> digits = plainDigits(text))
+        return digits;
     const std::optional<QString> plain = plainNumberText(text);
     if (!plain)
         return std::nullopt;
@@ -138,7 +164,8 @@ QString format00(double value)
     const double rounded = std::round(value); // halves away from zero
     if (rounded == 0.0)
         return QStringLiteral("00");
-    QString digits = QString::number(std::fabs(rounded), 'f', 0);
+    const double magnitude = std::fabs(rounded);
+    QString digits = magnitude < 1e15 ? QString::number(qint64(magnitude)) : QString::number(magnitude, 'f', 0);
     if (digits.size() < 2)
         digits.prepend(QLatin1Char('0'));
     return rounded < 0 ? QLatin1Char('-') + digits : digits;
