@@ -67,6 +67,25 @@ QByteArray TestApp::historyBytes() const
     return file.readAll();
 }
 
+ModalWatch::ModalWatch(std::function<void(QWidget*)> action) : m_poll(new QTimer)
+{
+    m_poll->setInterval(10);
+    QObject::connect(m_poll, &QTimer::timeout, m_poll, [this, action = std::move(action)] {
+        QWidget* modal = QApplication::activeModalWidget();
+        if (!modal || !modal->isVisible())
+            return;
+        m_poll->stop();
+        m_fired = true;
+        action(modal);
+    });
+    m_poll->start();
+}
+
+ModalWatch::~ModalWatch()
+{
+    delete m_poll;
+}
+
 void whenModalShown(std::function<void(QWidget*)> action)
 {
     auto* poll = new QTimer;

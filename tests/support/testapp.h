@@ -15,6 +15,7 @@
 #include <functional>
 #include <memory>
 
+class QTimer;
 class QWidget;
 
 class TestApp {
@@ -47,5 +48,21 @@ public:
 
 // Runs `action` on the next modal window once it is shown, from the event
 // loop of that window: the way to fill in and close a modal dialog that a
-// command opens.
+// command opens. The watch ends with its scope, so a window that never comes
+// leaves nothing behind for the next test.
+class ModalWatch {
+public:
+    explicit ModalWatch(std::function<void(QWidget*)> action);
+    ~ModalWatch();
+    ModalWatch(const ModalWatch&) = delete;
+    ModalWatch& operator=(const ModalWatch&) = delete;
+
+    bool fired() const { return m_fired; }
+
+private:
+    QTimer* m_poll;
+    bool m_fired = false;
+};
+
+// A watch for a window that surely comes: it ends once it has acted.
 void whenModalShown(std::function<void(QWidget*)> action);
