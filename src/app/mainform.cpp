@@ -3,6 +3,8 @@
 #include "app/appcontext.h"
 #include "app/logo.h"
 #include "app/twips.h"
+#include "history/formadd.h"
+#include "history/forminput.h"
 #include "history/historyfile.h"
 #include "history/numbercolumns.h"
 #include "platform/appinfo.h"
@@ -15,6 +17,7 @@
 #include <QGroupBox>
 #include <QHeaderView>
 #include <QLabel>
+#include <QLineEdit>
 #include <QLocale>
 #include <QMenu>
 #include <QMenuBar>
@@ -374,7 +377,16 @@ int MainForm::selectedRow() const
 
 // ---- Menu entries -----------------------------------------------------------
 
-void MainForm::menu添加_Click() {}
+void MainForm::menu添加_Click()
+{
+    FormAdd form(m_context, m_history, this);
+    form.AddMode = true;
+    form.exec();
+    // Confirmed or not, the pass runs, and a row it can't split is not
+    // caught here: the program ends with nothing of this run saved.
+    menu拆分八位数字_Click();
+    setCountPanel();
+}
 
 void MainForm::menu删除_Click()
 {
@@ -385,7 +397,19 @@ void MainForm::menu删除_Click()
     setCountPanel();
 }
 
-void MainForm::menu修改_Click() {}
+void MainForm::menu修改_Click()
+{
+    const int row = selectedRow();
+    if (row < 0)
+        return;
+    FormAdd form(m_context, m_history, this);
+    form.AddMode = false;
+    form.ModifiedRow = row;
+    form.Text1->setText(m_history.text(row));
+    form.Text2->setText(m_history.subItem(row, DrawHistory::GroupSubItem));
+    form.exec();
+    menu拆分八位数字_Click(); // not caught, as after an add
+}
 
 void MainForm::menu复制一组号码_Click()
 {
@@ -399,7 +423,13 @@ void MainForm::menu复制一组号码_Click()
     m_context.clipboard.setText(group);
 }
 
-void MainForm::menu导入_Click() {}
+void MainForm::menu导入_Click()
+{
+    FormInput form(m_context, m_history, this);
+    form.exec();
+    menu拆分八位数字_Click(); // not caught, as after an add
+    setCountPanel();
+}
 
 void MainForm::menu在线导入最新开奖数据_Click() {}
 

@@ -1,0 +1,76 @@
+#include "history/formadd.h"
+
+#include "app/appcontext.h"
+#include "history/drawentry.h"
+#include "history/drawhistory.h"
+#include "platform/textrules.h"
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
+FormAdd::FormAdd(AppContext& context, DrawHistory& history, QWidget* parent)
+    : QDialog(parent),
+      Label1(new QLabel(QStringLiteral("彩票期号："), this)),
+      Text1(new QLineEdit(this)),
+      Label3(new QLabel(QStringLiteral("彩票号码："), this)),
+      Text2(new QLineEdit(this)),
+      Command1(new QPushButton(QStringLiteral("添加"), this)),
+      Command2(new QPushButton(QStringLiteral("取消"), this)),
+      m_context(context),
+      m_history(history)
+{
+    setObjectName(QStringLiteral("FormAdd"));
+    setWindowTitle(QStringLiteral("添加或者修改已经开奖的号码"));
+    setFixedSize(420, 150);
+    Label1->setGeometry(24, 24, 76, 22);
+    Text1->setGeometry(100, 22, 140, 26);
+    Label3->setGeometry(24, 62, 76, 22);
+    Text2->setGeometry(100, 60, 296, 26);
+    Command1->setGeometry(100, 104, 90, 30);
+    Command2->setGeometry(210, 104, 90, 30);
+    Text1->setObjectName(QStringLiteral("Text1"));
+    Text2->setObjectName(QStringLiteral("Text2"));
+    Command1->setObjectName(QStringLiteral("Command1"));
+    Command2->setObjectName(QStringLiteral("Command2"));
+    Command1->setDefault(true);
+
+    connect(Command1, &QPushButton::clicked, this, [this] { m_context.runEvent([&] { Command1_Click(); }); });
+    connect(Command2, &QPushButton::clicked, this, [this] { m_context.runEvent([&] { Command2_Click(); }); });
+}
+
+void FormAdd::Command1_Click()
+{
+    switch (drawentry::check(Text1->text(), Text2->text())) {
+    case drawentry::Check::Incomplete:
+        m_context.messages.show(MessageIcon::Critical, QStringLiteral("信息不完整。"));
+        return;
+    case drawentry::Check::NotNumeric:
+        m_context.messages.show(MessageIcon::Critical, QStringLiteral("信息必须都是数字。"));
+        return;
+    case drawentry::Check::Complete:
+        break;
+    }
+
+    // From here on failures are passed over in silence.
+    const QString issue = textrules::trim(Text1->text());
+    const QString group = drawentry::groupText(Text2->text());
+    if (AddMode) {
+        // An issue number that exists: the add fails, setting the group fails
+        // with it, and the window closes with the list unchanged.
+        if (m_history.add(DrawHistory::keyOf(issue), issue))
+            m_history.setSubItem(m_history.count() - 1, DrawHistory::GroupSubItem, group);
+    } else if (ModifiedRow >= 0 && ModifiedRow < m_history.count()) {
+        // A key that another row has is refused and the old key stays; the
+        // issue number and the group change all the same.
+        m_history.setKey(ModifiedRow, DrawHistory::keyOf(issue));
+        m_history.setText(ModifiedRow, issue);
+        m_history.setSubItem(ModifiedRow, DrawHistory::GroupSubItem, group);
+    }
+    accept();
+}
+
+void FormAdd::Command2_Click()
+{
+    reject();
+}

@@ -1,0 +1,195 @@
+#include "history/drawentry.h"
+#include "history/drawhistory.h"
+#include "history/insertline.h"
+#include "history/numbercolumns.h"
+
+#include <QtTest>
+
+namespace {
+
+QStringList rowsOf(const DrawHistory& history)
+{
+    QStringList rows;
+    for (int row = 0; row < history.count(); ++row)
+        rows.append(history.text(row) + QStringLiteral(" | ") + history.subItem(row, DrawHistory::GroupSubItem));
+    return rows;
+}
+
+} // namespace
+
+class InsertLineTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void oneLine_data();
+    void oneLine();
+    void commasAreReplacedInTheCallersText();
+    void existingIssueIsNeverUpdated();
+    void linesEndAtCrLfOnly_data();
+    void linesEndAtCrLfOnly();
+    void rowsFromTheInsertPathPassTheNumberColumnPass();
+    void typedDrawCheck_data();
+    void typedDrawCheck();
+    void typedGroupText_data();
+    void typedGroupText();
+};
+
+void InsertLineTest::oneLine_data()
+{
+    QTest::addColumn<QString>("line");
+    QTest::addColumn<QStringList>("rows");
+    const QStringList none;
+    QTest::newRow("two blues") << "2007024 08 09 17 25 27 32 06 15"
+                               << QStringList{"2007024 | 08 09 17 25 27 32 06 15"};
+    QTest::newRow("one blue gets 00") << "2007024 08 09 17 25 27 32 06"
+                                      << QStringList{"2007024 | 08 09 17 25 27 32 06 00"};
+    QTest::newRow("commas") << "2007024,08,09,17,25,27,32,06,15" << QStringList{"2007024 | 08 09 17 25 27 32 06 15"};
+    QTest::newRow("comma and blank make an empty red") << "2007024, 08 09 17 25 27 32 06"
+                                                       << QStringList{"2007024 | 00 08 09 17 25 27 32 06"};
+    QTest::newRow("reds sorted, blues in place") << "2007024 32 27 25 17 09 08 15 06"
+                                                 << QStringList{"2007024 | 08 09 17 25 27 32 15 06"};
+    QTest::newRow("one digit and three digits") << "2007024 7 100 11 9 33 2 6 1"
+                                                << QStringList{"2007024 | 02 07 09 100 11 33 06 01"};
+    QTest::newRow("a red that is no number becomes 00") << "2007024 08 09 x 25 27 32 06 15"
+                                                        << QStringList{"2007024 | 00 08 09 25 27 32 06 15"};
+    QTest::newRow("a blue that is no number stays") << "2007024 08 09 17 25 27 32 ab 15"
+                                                    << QStringList{"2007024 | 08 09 17 25 27 32 ab 15"};
+    QTest::newRow("decimal red rounds half to even") << "2007024 2.5 09 17 25 27 32 06 15"
+                                                     << QStringList{"2007024 | 02 09 17 25 27 32 06 15"};
+    QTest::newRow("two blanks before the blue") << "2007024 08 09 17 25 27 32  06"
+                                                << QStringList{"2007024 | 08 09 17 25 27 32 06"};
+    QTest::newRow("blanks around the line") << "   2007024 08 09 17 25 27 32 06 15  "
+                                            << QStringList{"2007024 | 08 09 17 25 27 32 06 15"};
+    QTest::newRow("no blue: seven tokens dropped") << "2007024 08 09 17 25 27 32" << none;
+    QTest::newRow("ten tokens dropped") << "2007024 08 09 17 25 27 32 06 15 16" << none;
+    QTest::newRow("tabs part nothing") << "2007024\t08\t09\t17\t25\t27\t32\t06\t15" << none;
+    QTest::newRow("empty line") << "" << none;
+    QTest::newRow("blank line") << "     " << none;
+    QTest::newRow("the issue number is not checked") << "abc 08 09 17 25 27 32 06 15"
+                                                     << QStringList{"abc | 08 09 17 25 27 32 06 15"};
+}
+
+void InsertLineTest::oneLine()
+{
+    QFETCH(QString, line);
+    QFETCH(QStringList, rows);
+    DrawHistory history;
+    导入一行(history, line);
+    QCOMPARE(rowsOf(history), rows);
+    if (!rows.isEmpty()) {
+        QCOMPARE(history.key(0), QStringLiteral("A") + history.text(0));
+        QCOMPARE(history.subItem(0, 2), QString());
+    }
+}
+
+void InsertLineTest::commasAreReplacedInTheCallersText()
+{
+    DrawHistory history;
+    QString line = QStringLiteral("2007024,08,09,17,25,27,32,06");
+    导入一行(history, line);
+    QCOMPARE(line, QStringLiteral("2007024 08 09 17 25 27 32 06"));
+}
+
+void InsertLineTest::existingIssueIsNeverUpdated()
+{
+    DrawHistory history;
+    importLines(history, QStringLiteral("2007024 01 02 03 04 05 06 07\r\n"
+                                        "2007025 08 09 17 25 27 32 06 15\r\n"
+                                        "2007024 11 12 13 14 15 16 08 09"));
+    QCOMPARE(rowsOf(history),
+             (QStringList{"2007024 | 01 02 03 04 05 06 07 00", "2007025 | 08 09 17 25 27 32 06 15"}));
+    QString again = QStringLiteral("2007025 01 02 03 04 05 06 07");
+    导入一行(history, again);
+    QCOMPARE(history.count(), 2);
+    QCOMPARE(history.subItem(1, 1), QStringLiteral("08 09 17 25 27 32 06 15"));
+}
+
+void InsertLineTest::linesEndAtCrLfOnly_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QStringList>("issues");
+    QTest::newRow("CR LF lines, newest first, stay in that order")
+        << "2007026 01 02 03 04 05 06 07\r\n2007025 01 02 03 04 05 06 07\r\n2007024 01 02 03 04 05 06 07\r\n"
+        << QStringList{"2007026", "2007025", "2007024"};
+    QTest::newRow("a lone LF ends no line") << "2007024 01 02 03 04 05 06 07\n2007025 01 02 03 04 05 06 07"
+                                            << QStringList{};
+    QTest::newRow("a lone CR ends no line") << "2007024 01 02 03 04 05 06 07\r2007025 01 02 03 04 05 06 07"
+                                            << QStringList{};
+    QTest::newRow("blank lines between") << "\r\n  \r\n2007024 01 02 03 04 05 06 07\r\n\r\n"
+                                         << QStringList{"2007024"};
+    QTest::newRow("empty text") << "" << QStringList{};
+}
+
+void InsertLineTest::linesEndAtCrLfOnly()
+{
+    QFETCH(QString, text);
+    QFETCH(QStringList, issues);
+    DrawHistory history;
+    importLines(history, text);
+    QStringList imported;
+    for (int row = 0; row < history.count(); ++row)
+        imported.append(history.text(row));
+    QCOMPARE(imported, issues);
+}
+
+void InsertLineTest::rowsFromTheInsertPathPassTheNumberColumnPass()
+{
+    DrawHistory history;
+    importLines(history, QStringLiteral("2007024 08 09 17 25 27 32 06\r\n2007025,1,2,3,4,5,6,7,8"));
+    numbercolumns::split(history);
+    QCOMPARE(history.subItem(0, 9), QStringLiteral("00"));
+    QCOMPARE(history.subItem(1, 2), QStringLiteral("01"));
+}
+
+void InsertLineTest::typedDrawCheck_data()
+{
+    QTest::addColumn<QString>("issue");
+    QTest::addColumn<QString>("numbers");
+    QTest::addColumn<int>("check");
+    const int complete = int(drawentry::Check::Complete);
+    const int incomplete = int(drawentry::Check::Incomplete);
+    const int notNumeric = int(drawentry::Check::NotNumeric);
+    QTest::newRow("good") << "2007024" << "08 09 17 25 27 32 06 15" << complete;
+    QTest::newRow("blank issue") << "   " << "08 09" << incomplete;
+    QTest::newRow("blank numbers") << "2007024" << "  " << incomplete;
+    QTest::newRow("empty numbers") << "2007024" << "" << incomplete;
+    QTest::newRow("letters in numbers") << "2007024" << "08 09 ab" << notNumeric;
+    QTest::newRow("letters in issue") << "2007a" << "08 09" << notNumeric;
+    QTest::newRow("grouping comma passes as an issue") << "1,000" << "08" << complete;
+    QTest::newRow("two blanks pass") << "2007024" << "08  09" << complete;
+    QTest::newRow("a tab is no blank") << "2007024" << "08\t09" << notNumeric;
+}
+
+void InsertLineTest::typedDrawCheck()
+{
+    QFETCH(QString, issue);
+    QFETCH(QString, numbers);
+    QFETCH(int, check);
+    QCOMPARE(int(drawentry::check(issue, numbers)), check);
+}
+
+void InsertLineTest::typedGroupText_data()
+{
+    QTest::addColumn<QString>("numbers");
+    QTest::addColumn<QString>("group");
+    QTest::newRow("reds sorted, blues in place") << "08 32 17 25 27 09 06 15" << "08 09 17 25 27 32 06 15";
+    QTest::newRow("one digit") << "8 9 17 25 27 32 6 15" << "08 09 17 25 27 32 06 15";
+    QTest::newRow("nine numbers stay nine") << "8 9 17 25 27 32 6 15 3" << "08 09 17 25 27 32 06 15 03";
+    QTest::newRow("seven numbers stay seven") << "8 9 17 25 27 32 6" << "08 09 17 25 27 32 06";
+    QTest::newRow("two blanks give a 00 among the reds") << "08  09 17 25 27 32 06 15"
+                                                         << "00 08 09 17 25 27 32 06 15";
+    QTest::newRow("five numbers: the spare 0 sorts first") << "5 4 3 2 1" << "00 01 02 03 04 05";
+    QTest::newRow("four numbers: unsorted, spare 0 last") << "4 3 2 1" << "04 03 02 01 00";
+    QTest::newRow("blanks around") << "  08 09 17 25 27 32 06 15 " << "08 09 17 25 27 32 06 15";
+    QTest::newRow("decimal rounds half to even") << "2.5 09 17 25 27 32 3.5 15" << "02 09 17 25 27 32 04 15";
+}
+
+void InsertLineTest::typedGroupText()
+{
+    QFETCH(QString, numbers);
+    QFETCH(QString, group);
+    QCOMPARE(drawentry::groupText(numbers), group);
+}
+
+QTEST_GUILESS_MAIN(InsertLineTest)
+#include "tst_insertline.moc"
