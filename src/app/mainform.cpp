@@ -8,6 +8,8 @@
 #include "platform/appinfo.h"
 #include "platform/textrules.h"
 #include "settings/ballranges.h"
+#include "settings/form6qiu.h"
+#include "settings/optionform.h"
 #include "statistics/chartcommands.h"
 #include "statistics/perball.h"
 #include "statistics/sevenball.h"
@@ -438,9 +440,17 @@ void MainForm::menu七位奇偶数统计_Click()
 
 void MainForm::menu统计最近未开奖红色球球号_Click() {}
 
-void MainForm::menu设置_Click() {}
+void MainForm::menu设置_Click()
+{
+    OptionForm window(m_context, m_history, this);
+    window.exec();
+}
 
-void MainForm::menu查看设置_Click() {}
+void MainForm::menu查看设置_Click()
+{
+    Form6Qiu window(m_context, this);
+    window.exec();
+}
 
 void MainForm::menu最新福彩资料_Click()
 {
