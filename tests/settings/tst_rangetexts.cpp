@@ -8,8 +8,6 @@ class RangeTextsTest : public QObject {
 
 private slots:
     void sixRangesOfThisRun();
-    void rangeOfABall_data();
-    void rangeOfABall();
 };
 
 void RangeTextsTest::sixRangesOfThisRun()
@@ -27,36 +25,6 @@ void RangeTextsTest::sixRangesOfThisRun()
     const QStringList lines = rangetexts::sixRanges(ranges).split(QStringLiteral("\r\n"));
     QCOMPARE(lines.at(1), QStringLiteral("球2取值范围:12-5"));
     QCOMPARE(lines.at(5), QStringLiteral("球6取值范围:0-33"));
-}
-
-void RangeTextsTest::rangeOfABall_data()
-{
-    QTest::addColumn<int>("ball");
-    QTest::addColumn<bool>("shown");
-    QTest::addColumn<QString>("minimum");
-    QTest::addColumn<QString>("maximum");
-    QTest::newRow("ball 1") << 1 << true << "3" << "21";
-    QTest::newRow("ball 6") << 6 << true << "18" << "33";
-    QTest::newRow("ball 7 has no range") << 7 << false << "" << "";
-    QTest::newRow("ball 8 has no range") << 8 << false << "" << "";
-    QTest::newRow("ball 0") << 0 << false << "" << "";
-}
-
-void RangeTextsTest::rangeOfABall()
-{
-    QFETCH(int, ball);
-    QFETCH(bool, shown);
-    QFETCH(QString, minimum);
-    QFETCH(QString, maximum);
-    BallRanges ranges;
-    ranges.BallMin = {3, 1, 1, 1, 1, 18};
-    ranges.BallMax = {21, 33, 33, 33, 33, 33};
-    const std::optional<rangetexts::ShownRange> range = rangetexts::rangeOf(ranges, ball);
-    QCOMPARE(range.has_value(), shown);
-    if (range) {
-        QCOMPARE(range->minimum, minimum);
-        QCOMPARE(range->maximum, maximum);
-    }
 }
 
 QTEST_GUILESS_MAIN(RangeTextsTest)

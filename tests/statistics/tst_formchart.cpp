@@ -214,16 +214,12 @@ void FormChartTest::panelStartsFromTheSavedPositions_data()
     QTest::addColumn<std::optional<QString>>("savedMax");
     QTest::addColumn<int>("minIndex");
     QTest::addColumn<int>("maxIndex");
-    QTest::addColumn<int>("rangeMin"); // after "确定" unchanged; -1 for "range unchanged"
+    QTest::addColumn<int>("rangeMin"); // the ball's range after "确定"; -1: no range changes
     QTest::addColumn<int>("rangeMax");
 
     const std::optional<QString> none;
     QTest::newRow("saved positions") << true << 2 << std::optional<QString>("2") << std::optional<QString>("3") << 2 << 3
                                      << 9 << 10;
-    QTest::newRow("beyond the end and not numeric: first and last")
-        << true << 2 << std::optional<QString>("5") << std::optional<QString>("x") << 0 << 4 << 7 << 11;
-    QTest::newRow("a saved reversed pair is taken as it stands")
-        << true << 2 << std::optional<QString>("4") << std::optional<QString>("0") << 4 << 0 << 11 << 7;
     QTest::newRow("ball 7: positions only, no range") << true << 7 << none << none << 0 << 15 << -1 << -1;
     QTest::newRow("empty history: one entry 0, range 0 to 0") << false << 1 << none << none << 0 << 0 << 0 << 0;
 }
