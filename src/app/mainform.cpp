@@ -10,6 +10,11 @@
 #include "platform/appinfo.h"
 #include "platform/textrules.h"
 #include "settings/ballranges.h"
+#include "settings/form6qiu.h"
+#include "settings/optionform.h"
+#include "statistics/chartcommands.h"
+#include "statistics/perball.h"
+#include "statistics/sevenball.h"
 
 #include <QCloseEvent>
 #include <QComboBox>
@@ -446,15 +451,36 @@ void MainForm::menu退出_Click()
     close();
 }
 
-void MainForm::menu七位总和平均统计_Click() {}
+void MainForm::menu七位总和平均统计_Click()
+{
+    // Text1 carries the pair of Combo3 along, although the panel is hidden
+    // and nobody reads it there.
+    chartcommands::showChart(m_context, sevenball::means(m_history), QStringLiteral("7位数的平均值图表"),
+                             Combo3->currentText(), this);
+    清空LV10();
+}
 
-void MainForm::menu七位奇偶数统计_Click() {}
+void MainForm::menu七位奇偶数统计_Click()
+{
+    // The chart window's Text1 is left as it comes.
+    chartcommands::showChart(m_context, sevenball::evenCounts(m_history),
+                             QStringLiteral("7位数偶数出现的次数统计图表"), std::nullopt, this);
+    清空LV10();
+}
 
 void MainForm::menu统计最近未开奖红色球球号_Click() {}
 
-void MainForm::menu设置_Click() {}
+void MainForm::menu设置_Click()
+{
+    OptionForm window(m_context, m_history, this);
+    window.exec();
+}
 
-void MainForm::menu查看设置_Click() {}
+void MainForm::menu查看设置_Click()
+{
+    Form6Qiu window(m_context, this);
+    window.exec();
+}
 
 void MainForm::menu最新福彩资料_Click()
 {
@@ -506,12 +532,43 @@ void MainForm::menu定制软件_Click()
 
 // ---- The buttons of Frame1 --------------------------------------------------
 
-void MainForm::Command3_Click() {}
+void MainForm::Command3_Click()
+{
+    Command3->setEnabled(false);
+    // The pick list holds the balls "1" to "8"; a text that isn't a number opens nothing.
+    if (const std::optional<qint32> ball = textrules::toWhole(Combo1->currentText()))
+        chartcommands::showBallChart(m_context, m_history, *ball, this);
+    Command3->setEnabled(true);
+}
 
-void MainForm::Command5_Click() {}
+void MainForm::Command5_Click()
+{
+    Command5->setEnabled(false);
+    chartcommands::showChart(m_context, perball::differences(m_history, Combo2->currentIndex()),
+                             Combo2->currentText() + QStringLiteral("的差值图表"), Combo2->currentText(), this);
+    清空LV10();
+    Command5->setEnabled(true);
+}
 
-void MainForm::Command6_Click() {}
+void MainForm::Command6_Click()
+{
+    Command6->setEnabled(false);
+    chartcommands::showChart(m_context, perball::pairMeans(m_history, Combo3->currentIndex()),
+                             Combo3->currentText() + QStringLiteral("的平均值图表"), Combo3->currentText(), this);
+    清空LV10();
+    Command6->setEnabled(true);
+}
 
-void MainForm::Command7_Click() {}
+void MainForm::Command7_Click()
+{
+    Command7->setEnabled(false);
+    menu七位总和平均统计_Click();
+    Command7->setEnabled(true);
+}
 
-void MainForm::Command12_Click() {}
+void MainForm::Command12_Click()
+{
+    Command12->setEnabled(false);
+    menu七位奇偶数统计_Click();
+    Command12->setEnabled(true);
+}

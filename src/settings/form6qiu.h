@@ -1,0 +1,27 @@
+#pragma once
+
+// "目前6个球设置的范围": the six ball ranges as they stand in memory, also
+// those not yet stored.
+
+#include <QDialog>
+
+class AppContext;
+class QPlainTextEdit;
+class QPushButton;
+
+class Form6Qiu : public QDialog {
+    Q_OBJECT
+
+public:
+    // Loads at once: a new window for each use.
+    explicit Form6Qiu(AppContext& context, QWidget* parent = nullptr);
+
+    void Form_Load();
+    void Command1_Click();
+
+    QPlainTextEdit* Text1;
+    QPushButton* Command1; // "确定"
+
+private:
+    AppContext& m_context;
+};
