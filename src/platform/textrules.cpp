@@ -75,6 +75,24 @@ int fullYear(int year, qsizetype digits)
     return year < 30 ? 2000 + year : 1900 + year;
 }
 
+// The value of a text of one to nine ASCII digits with blanks around, or
+// nothing for any other text. Such texts are most of what is converted (the
+// numbers of groups and cells), and their value needs no general parse.
+std::optional<double> plainDigitsValue(const QString& text)
+{
+    constexpr qsizetype mostDigits = 9;
+    const QString s = trim(text);
+    if (s.isEmpty() || s.size() > mostDigits)
+        return std::nullopt;
+    qint32 value = 0;
+    for (QChar c : s) {
+        if (!isAsciiDigit(c))
+            return std::nullopt;
+        value = value * 10 + (c.unicode() - '0');
+    }
+    return double(value);
+}
+
 } // namespace
 
 QString trim(const QString& text)
@@ -99,6 +117,8 @@ QStringList split(const QString& text, const QString& separator)
 
 std::optional<double> toNumber(const QString& text)
 {
+    if (const std::optional<double> digits = plainDigitsValue(text))
+        return digits;
     const std::optional<QString> plain = plainNumberText(text);
     if (!plain)
         return std::nullopt;
@@ -138,6 +158,22 @@ QString format00(double value)
     const double rounded = std::round(value); // halves away from zero
     if (rounded == 0.0)
         return QStringLiteral("00");
+    if (std::fabs(rounded) < 1e9) {
+        // Whole numbers of up to nine digits, written without the general
+        // number formatting.
+        char16_t digits[11];
+        qsizetype at = 11;
+        auto magnitude = qint32(std::fabs(rounded));
+        while (magnitude > 0) {
+            digits[--at] = char16_t(u'0' + magnitude % 10);
+            magnitude /= 10;
+        }
+        if (at == 10)
+            digits[--at] = u'0';
+        if (rounded < 0)
+            digits[--at] = u'-';
+        return QString(reinterpret_cast<const QChar*>(digits + at), 11 - at);
+    }
     QString digits = QString::number(std::fabs(rounded), 'f', 0);
     if (digits.size() < 2)
         digits.prepend(QLatin1Char('0'));
