@@ -60,13 +60,20 @@ QString documentPath(const QString& programFolder)
 void exportToWord(DesktopLauncher& launcher, const QString& programFolder, const QString& boxText)
 {
     const QString path = documentPath(programFolder);
-    // The new document replaces an older one only once it is written whole.
+    // Each step that fails is passed over in silence; what it leaves behind:
+    // - the document can't be made in the folder: an older "PrintTemp.doc"
+    //   stays as it was, and nothing is opened, since opening would show the
+    //   older results as if they were these;
+    // - the document can't be written whole: the same, the half-written copy
+    //   is thrown away and the older document stays;
+    // - the default application doesn't start: the new document stays in
+    //   the folder, and the user is not told.
     QSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly))
-        return; // the folder can't be written: nothing is opened
+        return;
     file.write(printDocument(boxText));
     if (!file.commit())
-        return; // the document didn't reach the disk: nothing is opened
+        return;
     launcher.openDocument(path);
 }
 

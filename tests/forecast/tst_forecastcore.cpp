@@ -45,8 +45,6 @@ private slots:
     void redDrawStirsOnlyBeyondEveryEarlierT();
     void blueDrawClampsSeventeen_data();
     void blueDrawClampsSeventeen();
-    void lineForms_data();
-    void lineForms();
     void acceptedGroupsKeepTheFixedTests_data();
     void acceptedGroupsKeepTheFixedTests();
     void ballRangesAreHonoured();
@@ -141,29 +139,6 @@ void ForecastCoreTest::blueDrawClampsSeventeen()
     ForecastCore core(random, ranges, history);
     QCOMPARE(core.产生蓝色球(), blue);
     QCOMPARE(random.randomizeCalls, randomizeCalls);
-}
-
-void ForecastCoreTest::lineForms_data()
-{
-    QTest::addColumn<int>("wantBlue");
-    QTest::addColumn<QString>("line");
-    QTest::newRow("without blue: 17 characters") << 0 << "08 09 17 25 27 32";
-    QTest::newRow("with blue: two blanks, 21 characters") << 1 << "08 09 17 25 27 32  06";
-}
-
-void ForecastCoreTest::lineForms()
-{
-    QFETCH(int, wantBlue);
-    QFETCH(QString, line);
-    ScriptedRandom random;
-    queueGroup(random, {25, 8, 32, 17, 9, 27}, wantBlue ? 6 : 0);
-    const BallRanges ranges = fullRanges();
-    GroupHistory history;
-    ForecastCore core(random, ranges, history);
-    core.WantBlue = wantBlue;
-    core.GroupCount = 1;
-    QCOMPARE(core.singleLine(), line + QStringLiteral("\r\n"));
-    QCOMPARE(core.GroupText, line);
 }
 
 void ForecastCoreTest::acceptedGroupsKeepTheFixedTests_data()
