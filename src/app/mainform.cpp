@@ -3,6 +3,7 @@
 #include "app/appcontext.h"
 #include "app/logo.h"
 #include "app/twips.h"
+#include "forecast/forecastnormal.h"
 #include "history/formadd.h"
 #include "history/forminput.h"
 #include "history/historyfile.h"
@@ -487,7 +488,11 @@ void MainForm::menu最新福彩资料_Click()
     m_context.launcher.openAddress(m_context.DrawSiteBase + QStringLiteral("/ssq/kaijiangshuju/"));
 }
 
-void MainForm::menu一般性预测_Click() {}
+void MainForm::menu一般性预测_Click()
+{
+    ForecastNormal window(m_context, m_history, this);
+    window.exec();
+}
 
 void MainForm::menu过滤式预测_Click() {}
 

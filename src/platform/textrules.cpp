@@ -164,8 +164,23 @@ QString format00(double value)
     const double rounded = std::round(value); // halves away from zero
     if (rounded == 0.0)
         return QStringLiteral("00");
-    const double magnitude = std::fabs(rounded);
-    QString digits = magnitude < 1e15 ? QString::number(qint64(magnitude)) : QString::number(magnitude, 'f', 0);
+    if (std::fabs(rounded) < 1e9) {
+        // Whole numbers of up to nine digits, written without the general
+        // number formatting.
+        char16_t digits[11];
+        qsizetype at = 11;
+        auto magnitude = qint32(std::fabs(rounded));
+        while (magnitude > 0) {
+            digits[--at] = char16_t(u'0' + magnitude % 10);
+            magnitude /= 10;
+        }
+        if (at == 10)
+            digits[--at] = u'0';
+        if (rounded < 0)
+            digits[--at] = u'-';
+        return QString(reinterpret_cast<const QChar*>(digits + at), 11 - at);
+    }
+    QString digits = QString::number(std::fabs(rounded), 'f', 0);
     if (digits.size() < 2)
         digits.prepend(QLatin1Char('0'));
     return rounded < 0 ? QLatin1Char('-') + digits : digits;

@@ -91,6 +91,9 @@ void TextRulesTest::numericTest_data()
     QTest::newRow("exponent") << "1e3" << std::optional<double>(1000);
     QTest::newRow("signed exponent") << "25E-1" << std::optional<double>(2.5);
     QTest::newRow("long digit string") << "0809172527320615" << std::optional<double>(809172527320615.0);
+    QTest::newRow("nine digits") << " 999999999 " << std::optional<double>(999999999.0);
+    QTest::newRow("ten digits") << "9999999999" << std::optional<double>(9999999999.0);
+    QTest::newRow("nine digits and a letter") << "12345678a" << none;
     QTest::newRow("empty") << "" << none;
     QTest::newRow("blanks only") << "   " << none;
     QTest::newRow("letters") << "abc" << none;
@@ -172,6 +175,12 @@ void TextRulesTest::format00_data()
     QTest::newRow("not numeric stays") << "ab" << "ab";
     QTest::newRow("empty stays") << "" << "";
     QTest::newRow("blank stays") << " " << " ";
+    QTest::newRow("nine digits") << "999999999" << "999999999";
+    QTest::newRow("nine digits rounding up to ten") << "999999999.5" << "1000000000";
+    QTest::newRow("ten digits") << "1234567890" << "1234567890";
+    QTest::newRow("negative nine digits") << "-123456789" << "-123456789";
+    QTest::newRow("negative below one") << "-0.6" << "-01";
+    QTest::newRow("negative half to zero") << "-0.4" << "00";
 }
 
 void TextRulesTest::format00()

@@ -1,0 +1,75 @@
+#pragma once
+
+// How a forecast window makes number groups for the next draw: rejection
+// sampling. A whole candidate group is drawn at random, tested, and thrown
+// away on any failed test; the first one that passes is the result. What is
+// random is the six reds and the blue; the sort, the tests and the text form
+// are fixed. The three forecast windows share this one implementation; each
+// window adds its own rule through the hooks.
+
+#include <QString>
+#include <QtGlobal>
+
+#include <functional>
+#include <vector>
+
+class GroupHistory;
+class RandomSource;
+struct BallRanges;
+
+// What a window may add to the plain forecast.
+struct ForecastHooks {
+    // Asked of every red number as it is drawn, before the test for
+    // repeats: true refuses the number and draws again.
+    std::function<bool(qint32 red)> refuseRed;
+    // One more test of a candidate, after the average test and before the
+    // history test; it is given GroupText. False throws the candidate away.
+    std::function<bool(const QString& groupText)> extraTest;
+    // Candidates tried for one group at most; 0 for no limit. A call that
+    // reaches the limit lets pending events run and gives an empty text.
+    int attemptLimit = 0;
+};
+
+class ForecastCore {
+public:
+    using Hooks = ForecastHooks;
+
+    static constexpr int RedCount = 6;
+    static constexpr int RedHighest = 33;
+    static constexpr int BlueHighest = 16;
+    static constexpr qint32 GapLimit = 13;
+
+    ForecastCore(RandomSource& random, const BallRanges& ranges, const GroupHistory& history, Hooks hooks = {});
+
+    // Lets pending events run; the window hands in the event loop's.
+    std::function<void()> letEventsRun = [] {};
+
+    // Run state, overwritten by every candidate and every run.
+    std::vector<qint32> Balls;
+    qint32 Blue = 0;
+    QString GroupText;
+    qint32 GroupCount = 0;
+    qint32 WantBlue = 0;
+    qint32 NoHistory = 0;
+
+    void 产生红色球(int n);
+    bool 在产生的红色球中查找(qint32 number) const;
+    qint32 产生蓝色球();
+    void 计算彩票组合数();
+    bool 判断是否在最大几率范围以内() const;
+    bool 判断相邻2数之差是否合理(qint32 limit) const;
+    QString 预测号码();
+
+    // A single group's line as it goes into the result box, ended by CR LF.
+    QString singleLine();
+    // The text of a batch of GroupCount groups, each line ended by CR LF,
+    // built in memory; pending events run after every 1000th group. Where the
+    // window has a limit, a group that was not found leaves no line.
+    QString batchText();
+
+private:
+    RandomSource& m_random;
+    const BallRanges& m_ranges;
+    const GroupHistory& m_history;
+    Hooks m_hooks;
+};

@@ -1,0 +1,234 @@
+#include "forecast/forecastwindow.h"
+
+#include "app/appcontext.h"
+#include "app/programstyle.h"
+#include "forecast/duplicatelines.h"
+#include "forecast/grouphistory.h"
+#include "forecast/resultoutput.h"
+#include "forecast/richtextbox.h"
+#include "platform/textrules.h"
+#include "settings/settingsstore.h"
+
+#include <QCheckBox>
+#include <QCoreApplication>
+#include <QFontMetrics>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
+namespace {
+
+const QString groupCountKey = QStringLiteral("组数");
+
+constexpr int margin = 16;
+constexpr int buttonHeight = 28;
+constexpr int boxWidth = 330;
+constexpr int boxHeight = 296;
+constexpr int sideButtonWidth = 120;
+
+QPushButton* button(QWidget* parent, const char* name, const QString& caption)
+{
+    auto* widget = new QPushButton(caption, parent);
+    widget->setObjectName(QLatin1String(name));
+    widget->setAutoDefault(false);
+    return widget;
+}
+
+QLabel* label(QWidget* parent, const char* name, const QString& caption)
+{
+    auto* widget = new QLabel(caption, parent);
+    widget->setObjectName(QLatin1String(name));
+    widget->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    return widget;
+}
+
+QCheckBox* tick(QWidget* parent, const char* name, const QString& caption)
+{
+    auto* widget = new QCheckBox(caption, parent);
+    widget->setObjectName(QLatin1String(name));
+    return widget;
+}
+
+} // namespace
+
+ForecastWindow::ForecastWindow(AppContext& context, const DrawHistory& history, const QString& section,
+                               ForecastCore::Hooks hooks, QWidget* parent)
+    : QDialog(parent),
+      m_context(context),
+      m_history(history),
+      m_section(section),
+      m_core(context.random, context.ranges, forecastHistory(), std::move(hooks))
+{
+    setObjectName(section);
+    setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+    setWindowFlag(Qt::MSWindowsFixedSizeDialogHint, true);
+
+    Label1 = label(this, "Label1", QStringLiteral("每次预测           组号码"));
+    Text2 = new QLineEdit(QStringLiteral("1"), this);
+    Text2->setObjectName(QStringLiteral("Text2"));
+    Text2->setAlignment(Qt::AlignCenter);
+    Check1 = tick(this, "Check1", QStringLiteral("预测蓝色球"));
+    Check2 = tick(this, "Check2", QStringLiteral("不出现历史开过奖的号码组"));
+    Command1 = button(this, "Command1", QStringLiteral("下期预测"));
+    Label4 = label(this, "Label4", QStringLiteral("预测中，请稍候..."));
+    Label4->setStyleSheet(QStringLiteral("color: #FF0000;"));
+    Label3 = label(this, "Label3", QStringLiteral("预测结果[请选择使用]："));
+    RichTextBox1 = new RichTextBox(this);
+    RichTextBox1->setObjectName(QStringLiteral("RichTextBox1"));
+    RichTextBox1->setFont(programstyle::serif(15.75));
+    Command2 = button(this, "Command2", QStringLiteral("清空预测结果"));
+    Command3 = button(this, "Command3", QStringLiteral("复制全部"));
+    Command4 = button(this, "Command4", QStringLiteral("导出到WORD"));
+    Command5 = button(this, "Command5", QStringLiteral("滤掉重复"));
+
+    m_core.letEventsRun = [] { QCoreApplication::processEvents(); };
+    connectCommon();
+}
+
+void ForecastWindow::connectCommon()
+{
+    const std::pair<QPushButton*, void (ForecastWindow::*)()> buttons[] = {
+        {Command2, &ForecastWindow::Command2_Click},
+        {Command3, &ForecastWindow::Command3_Click},
+        {Command4, &ForecastWindow::Command4_Click},
+        {Command5, &ForecastWindow::Command5_Click},
+    };
+    for (const auto& [widget, handler] : buttons)
+        connect(widget, &QPushButton::clicked, this, [this, handler = handler] {
+            m_context.runEvent([&] { (this->*handler)(); });
+        });
+}
+
+void ForecastWindow::layoutCommon(int top)
+{
+    // Label1's caption leaves room for Text2 in its run of blanks, drawn as
+    // 宋体 draws them: half as wide as a Chinese character. Where 宋体 is
+    // missing, a face with the same half-width blanks stands in.
+    const QString caption = Label1->text();
+    const qsizetype gapStart = caption.indexOf(QLatin1Char(' '));
+    const qsizetype gapEnd = caption.lastIndexOf(QLatin1Char(' ')) + 1;
+    QFont captionFont = Label1->font();
+    captionFont.setFamilies({QStringLiteral("宋体"), QStringLiteral("SimSun"), QStringLiteral("NSimSun"),
+                             QStringLiteral("Noto Sans Mono CJK SC"), QStringLiteral("monospace")});
+    Label1->setFont(captionFont);
+    const QFontMetrics captionMetrics(captionFont);
+    const int lead = captionMetrics.horizontalAdvance(caption.left(gapStart));
+    const int gap = captionMetrics.horizontalAdvance(caption.mid(gapStart, gapEnd - gapStart));
+    const int rowHeight = 24;
+    Label1->setGeometry(margin, top, captionMetrics.horizontalAdvance(caption) + 4, rowHeight);
+    Text2->setGeometry(margin + lead + 3, top, gap - 6, rowHeight);
+
+    const int tickLeft = Label1->geometry().right() + 24;
+    Check1->setGeometry(tickLeft, top, Check1->sizeHint().width(), rowHeight);
+    Check2->setGeometry(Check1->geometry().right() + 20, top, Check2->sizeHint().width(), rowHeight);
+
+    const int runTop = top + rowHeight + 14;
+    Command1->setGeometry(margin, runTop, 104, buttonHeight);
+    Label4->setGeometry(Command1->geometry().right() + 16, runTop, 200, buttonHeight);
+
+    const int headingTop = runTop + buttonHeight + 14;
+    Label3->setGeometry(margin, headingTop, boxWidth, 20);
+    const int boxTop = headingTop + 24;
+    RichTextBox1->setGeometry(margin, boxTop, boxWidth, boxHeight);
+
+    const int sideLeft = margin + boxWidth + 16;
+    int sideTop = boxTop;
+    for (QPushButton* side : {Command2, Command3, Command4, Command5}) {
+        side->setGeometry(sideLeft, sideTop, sideButtonWidth, buttonHeight + 4);
+        sideTop += buttonHeight + 4 + 12;
+    }
+
+    const int width = std::max(sideLeft + sideButtonWidth, Check2->geometry().right() + 1) + margin;
+    setFixedSize(width, boxTop + boxHeight + margin);
+}
+
+void ForecastWindow::loadCommon()
+{
+    Label4->setVisible(false);
+    Text2->setText(m_context.settings.read(m_section, groupCountKey, QStringLiteral("1")));
+}
+
+void ForecastWindow::fillHistory()
+{
+    FillHistoryCollections(m_history);
+}
+
+void ForecastWindow::unloadCommon()
+{
+    m_context.settings.write(m_section, groupCountKey, Text2->text());
+}
+
+bool ForecastWindow::groupCountIsValid()
+{
+    if (!textrules::isNumeric(Text2->text())) {
+        m_context.messages.show(MessageIcon::Critical, QStringLiteral("每次预测的号码数，必须是数字！"));
+        Text2->setFocus();
+        return false;
+    }
+    const std::optional<qint32> count = textrules::toWhole(Text2->text());
+    if (!count)
+        throw RuntimeError(RuntimeError::Overflow); // a number beyond 32 bits is not caught
+    if (*count > 10000 || *count < 1) {
+        m_context.messages.show(MessageIcon::Critical, QStringLiteral("每次预测的号码数，必须是1-10000的数字！"));
+        Text2->setFocus();
+        return false;
+    }
+    return true;
+}
+
+void ForecastWindow::beginRun()
+{
+    Command1->setEnabled(false);
+    m_core.WantBlue = Check1->isChecked() ? 1 : 0;
+    m_core.NoHistory = Check2->isChecked() ? 1 : 0;
+    const std::optional<qint32> count = textrules::toWhole(Text2->text());
+    if (!count)
+        throw RuntimeError(RuntimeError::Overflow);
+    m_core.GroupCount = *count;
+    Label4->setVisible(true);
+    QCoreApplication::processEvents();
+}
+
+void ForecastWindow::endRun()
+{
+    Label4->setVisible(false);
+    Command1->setEnabled(true);
+}
+
+void ForecastWindow::run()
+{
+    beginRun();
+    if (m_core.GroupCount == 1) {
+        // Earlier lines stay: the new one goes behind them, at the caret put
+        // at the very end.
+        const QString line = m_core.singleLine();
+        RichTextBox1->setSelStart(RichTextBox1->Text().size());
+        RichTextBox1->setSelText(line);
+    } else {
+        // A batch replaces the whole box, in one assignment.
+        RichTextBox1->setText(m_core.batchText());
+    }
+    endRun();
+}
+
+void ForecastWindow::Command2_Click()
+{
+    RichTextBox1->setText(QString());
+}
+
+void ForecastWindow::Command3_Click()
+{
+    resultoutput::copyAll(m_context.clipboard, RichTextBox1->Text());
+}
+
+void ForecastWindow::Command4_Click()
+{
+    resultoutput::exportToWord(m_context.launcher, m_context.programFolder, RichTextBox1->Text());
+}
+
+void ForecastWindow::Command5_Click()
+{
+    Command5->setEnabled(false);
+    FilterDuplicateLines(*RichTextBox1, m_context.messages);
+    Command5->setEnabled(true);
+}

@@ -1,0 +1,80 @@
+#pragma once
+
+// What the forecast windows have in common: the group count, the two ticks,
+// the run button, the result box with its four buttons and the red notice
+// that a run is under way, and the routines behind them. A window adds its
+// explanation and its own rule; the run itself is the forecast core's.
+
+#include "forecast/forecastcore.h"
+
+#include <QDialog>
+#include <QString>
+
+class AppContext;
+class DrawHistory;
+class QCheckBox;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+class RichTextBox;
+
+class ForecastWindow : public QDialog {
+    Q_OBJECT
+
+public:
+    // The window's own settings live in the section of its name.
+    ForecastWindow(AppContext& context, const DrawHistory& history, const QString& section,
+                   ForecastCore::Hooks hooks, QWidget* parent);
+
+    void Command2_Click();
+    void Command3_Click();
+    void Command4_Click();
+    void Command5_Click();
+
+    ForecastCore& core() { return m_core; }
+
+    QLabel* Label1;
+    QLineEdit* Text2;
+    QCheckBox* Check1;
+    QCheckBox* Check2;
+    QPushButton* Command1;
+    QPushButton* Command2;
+    QPushButton* Command3;
+    QPushButton* Command4;
+    QPushButton* Command5;
+    QLabel* Label3;
+    RichTextBox* RichTextBox1;
+    QLabel* Label4;
+
+protected:
+    // Hides Label4 and restores the group count; the window restores its
+    // other settings and then fills the history collections.
+    void loadCommon();
+    // Stores the group count as it stands, valid or not.
+    void unloadCommon();
+    void fillHistory();
+
+    // The checks of the group count in Text2, with their messages and the
+    // focus back on Text2. A count beyond 32 bits is no message but a
+    // run-time failure.
+    bool groupCountIsValid();
+    // Steps 1 to 4 of a run: Command1 off, the ticks and the count read,
+    // Label4 shown, pending events let through.
+    void beginRun();
+    // Hides Label4 and sets Command1 enabled again.
+    void endRun();
+    // A whole run as the plain windows make it: one group is added at the
+    // end of the box, a batch replaces it.
+    void run();
+
+    // Places the shared controls from `top` down and fixes the window's size.
+    void layoutCommon(int top);
+
+    AppContext& m_context;
+    const DrawHistory& m_history;
+    const QString m_section;
+    ForecastCore m_core;
+
+private:
+    void connectCommon();
+};

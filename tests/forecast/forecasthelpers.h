@@ -1,0 +1,55 @@
+#pragma once
+
+// Small helpers shared by the forecast tests: histories made in the test and
+// generator values that make the core draw a chosen group.
+
+#include "fakes.h"
+#include "history/drawhistory.h"
+#include "settings/ballranges.h"
+
+#include <QList>
+#include <QStringList>
+
+namespace forecasttest {
+
+inline BallRanges fullRanges()
+{
+    BallRanges ranges;
+    for (int ball = 1; ball <= BallRanges::RedBalls; ++ball) {
+        ranges.min(ball) = 1;
+        ranges.max(ball) = 33;
+    }
+    return ranges;
+}
+
+// Rows with these number texts, issue numbers counting up from 2007001.
+inline void addRows(DrawHistory& history, const QStringList& groups)
+{
+    for (const QString& group : groups) {
+        const QString issue = QString::number(2007001 + history.count());
+        history.add(DrawHistory::keyOf(issue), issue);
+        history.setSubItem(history.count() - 1, DrawHistory::GroupSubItem, group);
+    }
+}
+
+// The generator value that makes nearest(v * range) + 1 give `number`.
+inline float valueFor(int number, int range)
+{
+    return (float(number - 1) + 0.1f) / float(range);
+}
+
+// Queues the values of one candidate: each red drawn in the order given with
+// the shortest stir, then the blue when there is one.
+inline void queueGroup(ScriptedRandom& random, const QList<int>& reds, int blue = 0)
+{
+    for (int red : reds) {
+        random.queued.push_back(0.0f);
+        random.queued.push_back(valueFor(red, 33));
+    }
+    if (blue > 0) {
+        random.queued.push_back(0.0f);
+        random.queued.push_back(valueFor(blue, 16));
+    }
+}
+
+} // namespace forecasttest
