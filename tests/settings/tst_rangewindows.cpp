@@ -1,6 +1,5 @@
 #include "app/mainform.h"
 #include "app/programstyle.h"
-#include "modalwindows.h"
 #include "settings/form6qiu.h"
 #include "settings/optionform.h"
 #include "statistics/formchart.h"

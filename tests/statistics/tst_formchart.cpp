@@ -1,6 +1,5 @@
 #include "app/mainform.h"
 #include "app/programstyle.h"
-#include "modalwindows.h"
 #include "statistics/formchart.h"
 #include "testapp.h"
 

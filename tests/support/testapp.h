@@ -8,15 +8,16 @@
 #include "fakes.h"
 #include "settings/settingsstore.h"
 
+#include <QApplication>
 #include <QByteArray>
 #include <QStringList>
 #include <QTemporaryDir>
+#include <QTimer>
+#include <QWidget>
 
 #include <functional>
 #include <memory>
 
-class QTimer;
-class QWidget;
 
 class TestApp {
 public:
@@ -64,5 +65,26 @@ private:
     bool m_fired = false;
 };
 
-// A watch for a window that surely comes: it ends once it has acted.
-void whenModalShown(std::function<void(QWidget*)> action);
+// A watch for a window that surely comes: it ends once it has acted. Where
+// one modal window opens another, the outer one is already the active modal
+// window: this waits for a window of the kind asked for.
+template <class Window>
+void whenWindowShown(std::function<void(Window*)> action)
+{
+    auto* poll = new QTimer;
+    poll->setInterval(10);
+    QObject::connect(poll, &QTimer::timeout, poll, [poll, action = std::move(action)] {
+        auto* window = qobject_cast<Window*>(QApplication::activeModalWidget());
+        if (!window || !window->isVisible())
+            return;
+        poll->stop();
+        poll->deleteLater();
+        action(window);
+    });
+    poll->start();
+}
+
+inline void whenModalShown(std::function<void(QWidget*)> action)
+{
+    whenWindowShown<QWidget>(std::move(action));
+}
