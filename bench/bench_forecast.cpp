@@ -12,6 +12,8 @@
 #include "platform/systemservices.h"
 #include "settings/ballranges.h"
 
+#include "benchsupport.h"
+
 #include <QElapsedTimer>
 #include <QRandomGenerator>
 
@@ -41,27 +43,6 @@ private:
     SystemRandom m_random;
 };
 
-QString randomGroup(QRandomGenerator& random)
-{
-    std::vector<int> reds;
-    while (reds.size() < 6) {
-        const int red = int(random.bounded(1, 34));
-        if (std::find(reds.begin(), reds.end(), red) == reds.end())
-            reds.push_back(red);
-    }
-    std::sort(reds.begin(), reds.end());
-    QString group;
-    for (int red : reds)
-        group += QString::asprintf("%02d ", red);
-    return group + QString::asprintf("%02d 00", int(random.bounded(1, 17)));
-}
-
-double median(std::vector<double> values)
-{
-    std::sort(values.begin(), values.end());
-    return values[values.size() / 2];
-}
-
 } // namespace
 
 int main()
@@ -71,7 +52,7 @@ int main()
     for (int row = 0; row < historyRows; ++row) {
         const QString issue = QString::number(2003001 + row);
         history.add(DrawHistory::keyOf(issue), issue);
-        history.setSubItem(row, DrawHistory::GroupSubItem, randomGroup(rows));
+        history.setSubItem(row, DrawHistory::GroupSubItem, benchsupport::randomGroup(rows));
     }
     GroupHistory collections;
     QElapsedTimer fillTimer;
@@ -116,9 +97,9 @@ int main()
     }
     std::printf("history_fill_ms: %.2f\n", fillMs);
     std::printf("randomize_calls: %lld\n", calls);
-    std::printf("stir_ns_per_call: %.2f\n", median(stirMs) * 1e6 / double(calls));
-    std::printf("stir_floor_ms: %.2f\n", median(stirMs));
-    std::printf("batch_ms: %.2f\n", median(batchMs));
-    std::printf("ratio_to_stir_floor: %.3f\n", median(ratios));
+    std::printf("stir_ns_per_call: %.2f\n", benchsupport::median(stirMs) * 1e6 / double(calls));
+    std::printf("stir_floor_ms: %.2f\n", benchsupport::median(stirMs));
+    std::printf("batch_ms: %.2f\n", benchsupport::median(batchMs));
+    std::printf("ratio_to_stir_floor: %.3f\n", benchsupport::median(ratios));
     return 0;
 }

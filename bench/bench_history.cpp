@@ -7,6 +7,8 @@
 #include "history/historyfile.h"
 #include "history/numbercolumns.h"
 
+#include "benchsupport.h"
+
 #include <QElapsedTimer>
 #include <QFile>
 #include <QRandomGenerator>
@@ -18,39 +20,18 @@
 
 namespace {
 
-QString randomGroup(QRandomGenerator& random)
-{
-    std::vector<qint32> reds;
-    while (reds.size() < 6) {
-        const qint32 red = qint32(random.bounded(1, 34));
-        if (std::find(reds.begin(), reds.end(), red) == reds.end())
-            reds.push_back(red);
-    }
-    std::sort(reds.begin(), reds.end());
-    QString group;
-    for (qint32 red : reds)
-        group += QString::asprintf("%02d ", red);
-    return group + QString::asprintf("%02d 00", int(random.bounded(1, 17)));
-}
-
 void writeHistoryFile(const QString& path, int rows)
 {
     QRandomGenerator random(20261122);
     QByteArray contents;
     for (int row = 0; row < rows; ++row) {
-        const QString group = randomGroup(random);
+        const QString group = benchsupport::randomGroup(random);
         contents += QStringLiteral("%1*=*%2*=*%3\r\n").arg(2003001 + row).arg(group, group.left(2)).toLatin1();
     }
     QFile file(path);
     if (!file.open(QIODevice::WriteOnly))
         qFatal("can't write %s", qPrintable(path));
     file.write(contents);
-}
-
-double median(std::vector<double> values)
-{
-    std::sort(values.begin(), values.end());
-    return values[values.size() / 2];
 }
 
 void measure(const QString& folder, int rows, int runs)
@@ -72,8 +53,8 @@ void measure(const QString& folder, int rows, int runs)
         historyfile::write(path, history);
         save.push_back(double(timer.nsecsElapsed()) / 1e6);
     }
-    std::printf("load_%d_ms: %.2f\n", rows, median(load));
-    std::printf("save_%d_ms: %.2f\n", rows, median(save));
+    std::printf("load_%d_ms: %.2f\n", rows, benchsupport::median(load));
+    std::printf("save_%d_ms: %.2f\n", rows, benchsupport::median(save));
 }
 
 } // namespace

@@ -7,6 +7,8 @@
 #include "history/insertline.h"
 #include "history/numbercolumns.h"
 
+#include "benchsupport.h"
+
 #include <QElapsedTimer>
 #include <QRandomGenerator>
 
@@ -27,12 +29,6 @@ QString pastedText(int lines, int firstIssue)
         text += QString::asprintf(" %02d\r\n", int(random.bounded(1, 17)));
     }
     return text;
-}
-
-double median(std::vector<double> values)
-{
-    std::sort(values.begin(), values.end());
-    return values[values.size() / 2];
 }
 
 } // namespace
@@ -58,7 +54,7 @@ int main()
         import.push_back(double(total) / 1e6);
         pass.push_back(double(total - imported) / 1e6);
     }
-    std::printf("import_100000_ms: %.2f\n", median(import));
-    std::printf("pass_102000_ms: %.2f\n", median(pass));
+    std::printf("import_100000_ms: %.2f\n", benchsupport::median(import));
+    std::printf("pass_102000_ms: %.2f\n", benchsupport::median(pass));
     return 0;
 }

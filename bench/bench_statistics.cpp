@@ -10,6 +10,8 @@
 #include "statistics/perball.h"
 #include "statistics/sevenball.h"
 
+#include "benchsupport.h"
+
 #include <QElapsedTimer>
 #include <QRandomGenerator>
 
@@ -24,22 +26,6 @@ namespace {
 constexpr int rows = 3500;
 constexpr int runs = 11;
 
-QString randomGroup(QRandomGenerator& random)
-{
-    std::vector<qint32> reds;
-    while (reds.size() < 6) {
-        const qint32 red = qint32(random.bounded(1, 34));
-        if (std::find(reds.begin(), reds.end(), red) == reds.end())
-            reds.push_back(red);
-    }
-    std::sort(reds.begin(), reds.end());
-    QString group;
-    for (qint32 red : reds)
-        group += QString::asprintf("%02d ", red);
-    const int secondBlue = random.bounded(0, 4) == 0 ? int(random.bounded(1, 17)) : 0;
-    return group + QString::asprintf("%02d %02d", int(random.bounded(1, 17)), secondBlue);
-}
-
 void fill(DrawHistory& history, const QStringList& groups)
 {
     for (int row = 0; row < groups.size(); ++row) {
@@ -50,12 +36,6 @@ void fill(DrawHistory& history, const QStringList& groups)
     numbercolumns::split(history);
 }
 
-double median(std::vector<double> values)
-{
-    std::sort(values.begin(), values.end());
-    return values[values.size() / 2];
-}
-
 } // namespace
 
 int main()
@@ -63,7 +43,7 @@ int main()
     QRandomGenerator random(20261122);
     QStringList groups;
     for (int row = 0; row < rows; ++row)
-        groups << randomGroup(random);
+        groups << benchsupport::randomGroup(random, true);
 
     struct Statistic {
         std::string name;
@@ -95,7 +75,7 @@ int main()
             if (table.RowCount() < 1)
                 qFatal("%s gave no rows", statistic.name.c_str());
         }
-        const double ms = median(times);
+        const double ms = benchsupport::median(times);
         slowest = std::max(slowest, ms);
         std::printf("%s_3500_ms: %.2f\n", statistic.name.c_str(), ms);
     }

@@ -71,22 +71,19 @@ std::optional<QString> plainNumberText(const QString& text)
 // with blanks around. Nothing when the text is of any other form.
 std::optional<double> plainDigits(const QString& text)
 {
+    const QString s = trim(text);
     qsizetype begin = 0;
-    qsizetype end = text.size();
-    while (begin < end && text[begin] == QLatin1Char(' '))
-        ++begin;
-    while (end > begin && text[end - 1] == QLatin1Char(' '))
-        --end;
+    const qsizetype end = s.size();
     bool negative = false;
-    if (begin < end && (text[begin] == QLatin1Char('-') || text[begin] == QLatin1Char('+')))
-        negative = text[begin++] == QLatin1Char('-');
+    if (begin < end && (s[begin] == QLatin1Char('-') || s[begin] == QLatin1Char('+')))
+        negative = s[begin++] == QLatin1Char('-');
     if (begin == end || end - begin > 15)
         return std::nullopt;
     qint64 value = 0;
     for (qsizetype i = begin; i < end; ++i) {
-        if (!isAsciiDigit(text[i]))
+        if (!isAsciiDigit(s[i]))
             return std::nullopt;
-        value = value * 10 + (text[i].unicode() - '0');
+        value = value * 10 + (s[i].unicode() - '0');
     }
     return negative ? -double(value) : double(value);
 }

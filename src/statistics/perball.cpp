@@ -20,6 +20,21 @@ int higherSubItem(int pair)
     return pair + 3;
 }
 
+// Writes into the scratch cell of every row what `value` makes of the pair's
+// two reds.
+template <class Value>
+void writeScratch(DrawHistory& history, int pair, Value value)
+{
+    DrawHistory::Batch batch(history);
+    for (int row = 0; row < history.count(); ++row) {
+        const std::optional<qint32> higher = textrules::toWhole(history.subItem(row, higherSubItem(pair)));
+        const std::optional<qint32> lower = textrules::toWhole(history.subItem(row, lowerSubItem(pair)));
+        // Either conversion failing fails the whole statement: the cell stays blank.
+        if (higher && lower)
+            history.setSubItem(row, DrawHistory::ScratchSubItem, value(*higher, *lower));
+    }
+}
+
 } // namespace
 
 ColumnChart frequency(DrawHistory& history, int ball)
@@ -29,28 +44,16 @@ ColumnChart frequency(DrawHistory& history, int ball)
 
 void writeDifferences(DrawHistory& history, int pair)
 {
-    DrawHistory::Batch batch(history);
-    for (int row = 0; row < history.count(); ++row) {
-        const std::optional<qint32> higher = textrules::toWhole(history.subItem(row, higherSubItem(pair)));
-        const std::optional<qint32> lower = textrules::toWhole(history.subItem(row, lowerSubItem(pair)));
-        // Either conversion failing fails the whole statement: the cell stays blank.
-        if (higher && lower)
-            history.setSubItem(row, DrawHistory::ScratchSubItem,
-                               textrules::format00(double(qint64(*higher) - qint64(*lower))));
-    }
+    writeScratch(history, pair, [](qint32 higher, qint32 lower) {
+        return textrules::format00(double(qint64(higher) - qint64(lower)));
+    });
 }
 
 void writePairMeans(DrawHistory& history, int pair)
 {
-    DrawHistory::Batch batch(history);
-    for (int row = 0; row < history.count(); ++row) {
-        const std::optional<qint32> higher = textrules::toWhole(history.subItem(row, higherSubItem(pair)));
-        const std::optional<qint32> lower = textrules::toWhole(history.subItem(row, lowerSubItem(pair)));
-        // Either conversion failing fails the whole statement: the cell stays blank.
-        if (higher && lower)
-            history.setSubItem(row, DrawHistory::ScratchSubItem,
-                               textrules::format00((double(*higher) + double(*lower)) / 2.0));
-    }
+    writeScratch(history, pair, [](qint32 higher, qint32 lower) {
+        return textrules::format00((double(higher) + double(lower)) / 2.0);
+    });
 }
 
 ChartTable differences(DrawHistory& history, int pair)

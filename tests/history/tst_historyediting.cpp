@@ -27,20 +27,6 @@ QStringList rowsOf(MainForm& form)
     return rows;
 }
 
-// Starts the program's main window on a history of these lines.
-struct Started {
-    explicit Started(const QStringList& lines)
-    {
-        app.writeHistory(lines);
-        form.Form_Load();
-        form.show();
-        fileAtStart = app.historyBytes();
-    }
-    TestApp app;
-    MainForm form{app.context};
-    QByteArray fileAtStart;
-};
-
 void selectRow(MainForm& form, int row)
 {
     const QRect cell = form.ListView1->visualRect(form.history().index(row, 0));
@@ -84,7 +70,7 @@ private slots:
 
 void HistoryEditingTest::addAppendsASortedDraw()
 {
-    Started s(twoDraws);
+    StartedMainForm s(twoDraws);
     fillFormAdd(QStringLiteral("2007026"), QStringLiteral("8 32 17 25 27 9 6 15"));
     s.form.menu添加->trigger();
     QCOMPARE(rowsOf(s.form).last(), QStringLiteral("2007026 | 08 09 17 25 27 32 06 15"));
@@ -94,7 +80,7 @@ void HistoryEditingTest::addAppendsASortedDraw()
     QCOMPARE(s.form.StatusBar1Panel(3)->text(), QStringLiteral("彩票期数：3"));
     QVERIFY(s.app.messages.shown.isEmpty());
     QVERIFY(!s.app.process.ended());
-    QCOMPARE(s.app.historyBytes(), s.fileAtStart); // the file changes at exit only
+    QCOMPARE(s.app.historyBytes(), s.historyAtStart); // the file changes at exit only
 }
 
 void HistoryEditingTest::addRefusesIncompleteAndNonNumericInput_data()
@@ -113,7 +99,7 @@ void HistoryEditingTest::addRefusesIncompleteAndNonNumericInput()
     QFETCH(QString, issue);
     QFETCH(QString, numbers);
     QFETCH(QString, message);
-    Started s(twoDraws);
+    StartedMainForm s(twoDraws);
     bool stayedOpen = false;
     whenModalShown([&](QWidget* window) {
         auto* form = qobject_cast<FormAdd*>(window);
@@ -134,7 +120,7 @@ void HistoryEditingTest::addRefusesIncompleteAndNonNumericInput()
 
 void HistoryEditingTest::addOfAnExistingIssueChangesNothing()
 {
-    Started s(twoDraws);
+    StartedMainForm s(twoDraws);
     fillFormAdd(QStringLiteral("2007025"), QStringLiteral("01 02 03 04 05 06 07 08"));
     s.form.menu添加->trigger();
     QCOMPARE(rowsOf(s.form), (QStringList{"2007024 | 08 09 17 25 27 32 06 15", "2007025 | 10 11 12 13 14 15 16 01"}));
@@ -143,7 +129,7 @@ void HistoryEditingTest::addOfAnExistingIssueChangesNothing()
 
 void HistoryEditingTest::cancelledAddStillRunsThePass()
 {
-    Started s(twoDraws);
+    StartedMainForm s(twoDraws);
     s.form.history().setSubItem(1, 2, QStringLiteral("stale"));
     fillFormAdd(QStringLiteral("2007026"), QStringLiteral("01 02 03 04 05 06 07 08"), false);
     s.form.menu添加->trigger();
@@ -153,21 +139,21 @@ void HistoryEditingTest::cancelledAddStillRunsThePass()
 
 void HistoryEditingTest::addOfSevenNumbersEndsTheProgramUnsaved()
 {
-    Started s(twoDraws);
+    StartedMainForm s(twoDraws);
     fillFormAdd(QStringLiteral("2007026"), QStringLiteral("08 09 17 25 27 32 06"));
     s.form.menu添加->trigger();
     QCOMPARE(s.app.process.exitCodes, QList<int>{1});
     QCOMPARE(s.app.messages.shown.size(), 1);
     QCOMPARE(s.app.messages.shown[0].icon, MessageIcon::Critical);
     QVERIFY(s.app.messages.shown[0].text.contains(QStringLiteral("下标越界")));
-    QCOMPARE(s.app.historyBytes(), s.fileAtStart);
+    QCOMPARE(s.app.historyBytes(), s.historyAtStart);
     // The count panel is not reached.
     QCOMPARE(s.form.StatusBar1Panel(3)->text(), QStringLiteral("彩票期数：2"));
 }
 
 void HistoryEditingTest::modifyNeedsASelection()
 {
-    Started s(twoDraws);
+    StartedMainForm s(twoDraws);
     ModalWatch watch([](QWidget* window) { window->close(); });
     s.form.menu修改->trigger();
     QCoreApplication::processEvents();
@@ -177,7 +163,7 @@ void HistoryEditingTest::modifyNeedsASelection()
 
 void HistoryEditingTest::modifyChangesTheSelectedRow()
 {
-    Started s(twoDraws);
+    StartedMainForm s(twoDraws);
     selectRow(s.form, 1);
     QString shownIssue;
     QString shownNumbers;
@@ -202,7 +188,7 @@ void HistoryEditingTest::modifyChangesTheSelectedRow()
 
 void HistoryEditingTest::modifyToAnExistingIssueKeepsTheOldKey()
 {
-    Started s(twoDraws);
+    StartedMainForm s(twoDraws);
     selectRow(s.form, 1);
     fillFormAdd(QStringLiteral("2007024"), QStringLiteral("01 02 03 04 05 06 07 08"));
     s.form.menu修改->trigger();
@@ -214,7 +200,7 @@ void HistoryEditingTest::modifyToAnExistingIssueKeepsTheOldKey()
 
 void HistoryEditingTest::importAppendsLinesAndCountsThem()
 {
-    Started s(twoDraws);
+    StartedMainForm s(twoDraws);
     whenModalShown([](QWidget* window) {
         auto* form = qobject_cast<FormInput*>(window);
         QVERIFY(form);
@@ -237,7 +223,7 @@ void HistoryEditingTest::importAppendsLinesAndCountsThem()
 
 void HistoryEditingTest::importClearAndCancel()
 {
-    Started s(twoDraws);
+    StartedMainForm s(twoDraws);
     s.form.history().setSubItem(0, 2, QStringLiteral("stale"));
     bool stayedOpen = false;
     whenModalShown([&](QWidget* window) {
@@ -257,7 +243,7 @@ void HistoryEditingTest::importClearAndCancel()
 
 void HistoryEditingTest::importOfASevenNumberLineEndsTheProgramUnsaved()
 {
-    Started s(twoDraws);
+    StartedMainForm s(twoDraws);
     whenModalShown([](QWidget* window) {
         auto* form = qobject_cast<FormInput*>(window);
         form->Text1->setPlainText(QStringLiteral("2007026 08 09 17 25 27 32  06"));
@@ -267,7 +253,7 @@ void HistoryEditingTest::importOfASevenNumberLineEndsTheProgramUnsaved()
     QCOMPARE(s.form.history().subItem(2, 1), QStringLiteral("08 09 17 25 27 32 06"));
     QCOMPARE(s.app.process.exitCodes, QList<int>{1});
     QVERIFY(s.app.messages.shown.value(0).text.contains(QStringLiteral("下标越界")));
-    QCOMPARE(s.app.historyBytes(), s.fileAtStart);
+    QCOMPARE(s.app.historyBytes(), s.historyAtStart);
 }
 
 int main(int argc, char* argv[])

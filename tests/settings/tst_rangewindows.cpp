@@ -23,18 +23,6 @@ const QStringList threeDraws{
     "2010003*=*01 07 10 20 30 33 01 00*=*01",
 };
 
-struct Loaded {
-    explicit Loaded(const QStringList& draws)
-    {
-        if (!draws.isEmpty())
-            app.writeHistory(draws);
-        form.Form_Load();
-        form.show();
-    }
-    TestApp app;
-    MainForm form{app.context};
-};
-
 QStringList issues(MainForm& form)
 {
     QStringList texts;
@@ -58,7 +46,7 @@ private slots:
 
 void RangeWindowsTest::form6QiuShowsTheRangesOfThisRun()
 {
-    Loaded loaded({});
+    StartedMainForm loaded;
     QString firstText;
     QString caption;
     whenWindowShown<Form6Qiu>([&](Form6Qiu* window) {
@@ -87,7 +75,7 @@ void RangeWindowsTest::form6QiuShowsTheRangesOfThisRun()
 
 void RangeWindowsTest::optionFormShowsTheChosenBall()
 {
-    Loaded loaded(threeDraws);
+    StartedMainForm loaded(threeDraws);
     loaded.app.context.ranges.min(3) = 4;
     loaded.app.context.ranges.max(3) = 22;
 
@@ -149,7 +137,7 @@ void RangeWindowsTest::optionFormSetsARangeThroughTheChart()
     QFETCH(QStringList, values);
     QFETCH(QString, labelsAfter);
     QFETCH(QStringList, issuesAfter);
-    Loaded loaded(threeDraws);
+    StartedMainForm loaded(threeDraws);
     OptionForm window(loaded.app.context, loaded.form.history());
     window.show();
     QVERIFY(QTest::qWaitForWindowExposed(&window));

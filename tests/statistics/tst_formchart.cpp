@@ -94,18 +94,6 @@ ChartSeen look(FormChart* chart)
     return seen;
 }
 
-struct Loaded {
-    explicit Loaded(const QStringList& draws)
-    {
-        if (!draws.isEmpty())
-            app.writeHistory(draws);
-        form.Form_Load();
-        form.show();
-    }
-    TestApp app;
-    MainForm form{app.context};
-};
-
 void pickBall(MainForm& form, int ball)
 {
     form.Combo1->setCurrentIndex(ball - 1);
@@ -133,7 +121,7 @@ private slots:
 
 void FormChartTest::frequencyChartSetsTheBallRange()
 {
-    Loaded loaded(threeDraws);
+    StartedMainForm loaded(threeDraws);
     MainForm& form = loaded.form;
     pickBall(form, 2);
 
@@ -184,7 +172,7 @@ void FormChartTest::closingByTheFrameStoresNothing_data()
 void FormChartTest::closingByTheFrameStoresNothing()
 {
     QFETCH(bool, escape);
-    Loaded loaded(threeDraws);
+    StartedMainForm loaded(threeDraws);
     MainForm& form = loaded.form;
     pickBall(form, 3);
     whenWindowShown<FormChart>([&](FormChart* chart) {
@@ -233,7 +221,7 @@ void FormChartTest::panelStartsFromTheSavedPositions()
     QFETCH(int, maxIndex);
     QFETCH(int, rangeMin);
     QFETCH(int, rangeMax);
-    Loaded loaded(withDraws ? threeDraws : QStringList{});
+    StartedMainForm loaded(withDraws ? threeDraws : QStringList{});
     MainForm& form = loaded.form;
     SettingsStore& settings = loaded.app.context.settings;
     const QString minKey = QStringLiteral("球%1取值MIN").arg(ball);
@@ -281,7 +269,7 @@ void FormChartTest::panelStartsFromTheSavedPositions()
 
 void FormChartTest::differenceChartUsesTheScratchColumn()
 {
-    Loaded loaded(threeDraws);
+    StartedMainForm loaded(threeDraws);
     MainForm& form = loaded.form;
     form.Combo2->setCurrentIndex(4);
 
@@ -316,7 +304,7 @@ void FormChartTest::differenceChartUsesTheScratchColumn()
 
 void FormChartTest::pairMeanChart()
 {
-    Loaded loaded(threeDraws);
+    StartedMainForm loaded(threeDraws);
     MainForm& form = loaded.form;
     form.Combo3->setCurrentIndex(0);
     ChartSeen seen;
@@ -363,7 +351,7 @@ void FormChartTest::sevenBallStatistics()
     QFETCH(QString, ballText);
     QFETCH(QStringList, rows);
     QFETCH(bool, buttonEnabledWhileOpen);
-    Loaded loaded(threeDraws);
+    StartedMainForm loaded(threeDraws);
     MainForm& form = loaded.form;
     form.Combo3->setCurrentIndex(2); // carried into Text1 by the mean
 

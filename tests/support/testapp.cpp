@@ -85,3 +85,12 @@ ModalWatch::~ModalWatch()
 {
     delete m_poll;
 }
+
+StartedMainForm::StartedMainForm(const QStringList& historyLines)
+{
+    if (!historyLines.isEmpty())
+        app.writeHistory(historyLines);
+    historyAtStart = app.historyBytes();
+    form.Form_Load();
+    form.show();
+}

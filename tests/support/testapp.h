@@ -5,6 +5,7 @@
 // program folder, the user's settings or the network.
 
 #include "app/appcontext.h"
+#include "app/mainform.h"
 #include "fakes.h"
 #include "settings/settingsstore.h"
 
@@ -45,6 +46,16 @@ private:
 
 public:
     AppContext context;
+};
+
+// The main window started as the program starts it, on a history file of
+// these lines (no file at all for none), and shown.
+struct StartedMainForm {
+    explicit StartedMainForm(const QStringList& historyLines = {});
+
+    TestApp app;
+    MainForm form{app.context};
+    QByteArray historyAtStart; // the history file as the start found it
 };
 
 // Runs `action` on the next modal window once it is shown, from the event
