@@ -25,14 +25,6 @@ const QStringList threeDraws{
     "2007025*=*10 11 12 13 14 15 16 01*=*10",
 };
 
-QStringList issues(MainForm& form)
-{
-    QStringList texts;
-    for (int row = 0; row < form.history().count(); ++row)
-        texts.append(form.history().text(row));
-    return texts;
-}
-
 void clickHeader(MainForm& form, int column)
 {
     QHeaderView* header = form.ListView1->header();
@@ -110,7 +102,7 @@ void MainFormTest::startLoadsHistoryAndIgnoresABadRow()
     MainForm form(app.context);
     form.Form_Load();
 
-    QCOMPARE(issues(form), (QStringList{"2007024", "2007027", "2007026"}));
+    QCOMPARE(issuesOf(form.history()), (QStringList{"2007024", "2007027", "2007026"}));
     QCOMPARE(form.StatusBar1Panel(3)->text(), QStringLiteral("彩票期数：3"));
     QCOMPARE(form.history().subItem(0, 9), QStringLiteral("15"));
     QCOMPARE(form.history().subItem(1, 8), QStringLiteral("07"));
@@ -207,16 +199,16 @@ void MainFormTest::headerClicksFlipOneDirection()
     QVERIFY(QTest::qWaitForWindowExposed(&form));
 
     clickHeader(form, 0);
-    QCOMPARE(issues(form), (QStringList{"2007026", "2007025", "2007024"}));
+    QCOMPARE(issuesOf(form.history()), (QStringList{"2007026", "2007025", "2007024"}));
     QCOMPARE(form.history().SortOrder(), 1);
     clickHeader(form, 0);
-    QCOMPARE(issues(form), (QStringList{"2007024", "2007025", "2007026"}));
+    QCOMPARE(issuesOf(form.history()), (QStringList{"2007024", "2007025", "2007026"}));
     clickHeader(form, 2); // another column flips the same direction: descending by 红1
     QCOMPARE(form.history().SortKey(), 2);
-    QCOMPARE(issues(form), (QStringList{"2007025", "2007024", "2007026"}));
+    QCOMPARE(issuesOf(form.history()), (QStringList{"2007025", "2007024", "2007026"}));
     clickHeader(form, 0);
     QCOMPARE(form.history().SortKey(), 0);
-    QCOMPARE(issues(form), (QStringList{"2007024", "2007025", "2007026"}));
+    QCOMPARE(issuesOf(form.history()), (QStringList{"2007024", "2007025", "2007026"}));
 }
 
 void MainFormTest::deleteActsOnTheSelectedRow()
@@ -233,10 +225,10 @@ void MainFormTest::deleteActsOnTheSelectedRow()
 
     selectRow(form, 0); // 2007024
     clickHeader(form, 0); // sorted descending, the selection goes with its row
-    QCOMPARE(issues(form), (QStringList{"2007026", "2007025", "2007024"}));
+    QCOMPARE(issuesOf(form.history()), (QStringList{"2007026", "2007025", "2007024"}));
     QCOMPARE(form.selectedRow(), 2);
     form.menu删除->trigger();
-    QCOMPARE(issues(form), (QStringList{"2007026", "2007025"}));
+    QCOMPARE(issuesOf(form.history()), (QStringList{"2007026", "2007025"}));
     QCOMPARE(form.StatusBar1Panel(3)->text(), QStringLiteral("彩票期数：2"));
     QVERIFY(app.messages.questions.isEmpty());
 

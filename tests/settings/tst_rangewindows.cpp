@@ -23,14 +23,6 @@ const QStringList threeDraws{
     "2010003*=*01 07 10 20 30 33 01 00*=*01",
 };
 
-QStringList issues(MainForm& form)
-{
-    QStringList texts;
-    for (int row = 0; row < form.history().count(); ++row)
-        texts << form.history().text(row);
-    return texts;
-}
-
 } // namespace
 
 class RangeWindowsTest : public QObject {
@@ -108,7 +100,7 @@ void RangeWindowsTest::optionFormShowsTheChosenBall()
     QCOMPARE(shown[2].min, QStringLiteral("4"));
     QCOMPARE(shown[2].max, QStringLiteral("22"));
     QVERIFY(closed);
-    QCOMPARE(issues(loaded.form), (QStringList{"2010001", "2010002", "2010003"})); // only looked: nothing sorted
+    QCOMPARE(issuesOf(loaded.form.history()), (QStringList{"2010001", "2010002", "2010003"})); // only looked: nothing sorted
 }
 
 void RangeWindowsTest::optionFormSetsARangeThroughTheChart_data()
@@ -171,7 +163,7 @@ void RangeWindowsTest::optionFormSetsARangeThroughTheChart()
     QVERIFY(!buttonEnabledWhileOpen);
     QVERIFY(window.Command3->isEnabled());
     QCOMPARE(window.Label1->text() + "-" + window.Label4->text(), labelsAfter);
-    QCOMPARE(issues(loaded.form), issuesAfter); // sorted by that ball, descending, for good
+    QCOMPARE(issuesOf(loaded.form.history()), issuesAfter); // sorted by that ball, descending, for good
 
     SettingsStore& settings = loaded.app.context.settings;
     const QString minKey = QStringLiteral("球%1取值MIN").arg(ball);

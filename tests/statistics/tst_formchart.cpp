@@ -29,14 +29,6 @@ const QStringList threeDraws{
     "2010003*=*01 07 10 20 30 33 01 00*=*01",
 };
 
-QStringList issues(MainForm& form)
-{
-    QStringList texts;
-    for (int row = 0; row < form.history().count(); ++row)
-        texts << form.history().text(row);
-    return texts;
-}
-
 QStringList column(MainForm& form, int subItem)
 {
     QStringList cells;
@@ -156,7 +148,7 @@ void FormChartTest::frequencyChartSetsTheBallRange()
     QCOMPARE(loaded.app.context.ranges.min(1), 1); // only the ball charted
     QCOMPARE(loaded.app.context.ranges.max(3), 33);
     // The list stays sorted by ball 2, descending, on the screen too.
-    QCOMPARE(issues(form), (QStringList{"2010002", "2010001", "2010003"}));
+    QCOMPARE(issuesOf(form.history()), (QStringList{"2010002", "2010001", "2010003"}));
     QCOMPARE(form.ListView1->model()->index(0, 0).data().toString(), QStringLiteral("2010002"));
     QCOMPARE(column(form, 10), (QStringList{"", "", ""})); // the frequency needs no scratch column
     QVERIFY(loaded.app.messages.shown.isEmpty());
@@ -189,7 +181,7 @@ void FormChartTest::closingByTheFrameStoresNothing()
     QCOMPARE(loaded.app.context.ranges.min(3), 1);
     QCOMPARE(loaded.app.context.ranges.max(3), 33);
     QVERIFY(form.Command3->isEnabled());
-    QCOMPARE(issues(form), (QStringList{"2010001", "2010002", "2010003"})); // 17, 12, 10: sorted all the same
+    QCOMPARE(issuesOf(form.history()), (QStringList{"2010001", "2010002", "2010003"})); // 17, 12, 10: sorted all the same
     QCOMPARE(form.history().SortKey(), 4);
 }
 
@@ -295,7 +287,7 @@ void FormChartTest::differenceChartUsesTheScratchColumn()
 
     QVERIFY(form.Command5->isEnabled());
     QCOMPARE(column(form, 10), (QStringList{"", "", ""}));
-    QCOMPARE(issues(form), (QStringList{"2010001", "2010003", "2010002"}));
+    QCOMPARE(issuesOf(form.history()), (QStringList{"2010001", "2010003", "2010002"}));
     QCOMPARE(form.history().SortKey(), 10);
     // With the panel hidden "确定" only closes.
     QCOMPARE(loaded.app.context.settings.read("设置I", "球球6－球5取值MIN", "none"), QStringLiteral("none"));

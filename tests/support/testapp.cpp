@@ -94,3 +94,11 @@ StartedMainForm::StartedMainForm(const QStringList& historyLines)
     form.Form_Load();
     form.show();
 }
+
+QStringList issuesOf(const DrawHistory& history)
+{
+    QStringList issues;
+    for (int row = 0; row < history.count(); ++row)
+        issues.append(history.text(row));
+    return issues;
+}

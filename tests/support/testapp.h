@@ -48,6 +48,9 @@ public:
     AppContext context;
 };
 
+// The issue numbers of the rows, in row order.
+QStringList issuesOf(const DrawHistory& history);
+
 // The main window started as the program starts it, on a history file of
 // these lines (no file at all for none), and shown.
 struct StartedMainForm {
