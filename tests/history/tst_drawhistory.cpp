@@ -44,7 +44,6 @@ private slots:
     void sortSixNumbers_data();
     void sortSixNumbers();
     void sortSixNumbersNeedsSixElements();
-    void cellsCantBeEditedInPlace();
 };
 
 void DrawHistoryTest::keysAreUniqueOnAdd()
@@ -236,19 +235,6 @@ void DrawHistoryTest::sortSixNumbersNeedsSixElements()
     Numbers five{5, 4, 3, 2, 1};
     QVERIFY_THROWS_EXCEPTION(RuntimeError, 排序6个数字(five));
     QCOMPARE(five, (Numbers{5, 4, 3, 2, 1}));
-}
-
-void DrawHistoryTest::cellsCantBeEditedInPlace()
-{
-    DrawHistory history;
-    addDraw(history, "2007024", "x");
-    QVERIFY(!(history.flags(history.index(0, 0)) & Qt::ItemIsEditable));
-    QVERIFY(history.flags(history.index(0, 0)) & Qt::ItemIsSelectable);
-    QVERIFY(!history.setData(history.index(0, 0), "changed"));
-    QCOMPARE(history.text(0), QStringLiteral("2007024"));
-    QCOMPARE(history.headerData(0, Qt::Horizontal).toString(), QStringLiteral("彩票期号"));
-    QCOMPARE(history.headerData(9, Qt::Horizontal).toString(), QStringLiteral("蓝2"));
-    QCOMPARE(history.headerData(10, Qt::Horizontal).toString(), QString());
 }
 
 QTEST_GUILESS_MAIN(DrawHistoryTest)

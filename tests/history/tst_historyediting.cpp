@@ -48,6 +48,17 @@ void fillFormAdd(const QString& issue, const QString& numbers, bool confirm = tr
     });
 }
 
+// The run-time failure report came, the program asked to end, and the
+// history file is as the start found it.
+void verifyEndedUnsaved(StartedMainForm& s)
+{
+    QCOMPARE(s.app.process.exitCodes, QList<int>{1});
+    QCOMPARE(s.app.messages.shown.size(), 1);
+    QCOMPARE(s.app.messages.shown[0].icon, MessageIcon::Critical);
+    QVERIFY(s.app.messages.shown[0].text.contains(QStringLiteral("下标越界")));
+    QCOMPARE(s.app.historyBytes(), s.historyAtStart);
+}
+
 } // namespace
 
 class HistoryEditingTest : public QObject {
@@ -142,11 +153,7 @@ void HistoryEditingTest::addOfSevenNumbersEndsTheProgramUnsaved()
     StartedMainForm s(twoDraws);
     fillFormAdd(QStringLiteral("2007026"), QStringLiteral("08 09 17 25 27 32 06"));
     s.form.menu添加->trigger();
-    QCOMPARE(s.app.process.exitCodes, QList<int>{1});
-    QCOMPARE(s.app.messages.shown.size(), 1);
-    QCOMPARE(s.app.messages.shown[0].icon, MessageIcon::Critical);
-    QVERIFY(s.app.messages.shown[0].text.contains(QStringLiteral("下标越界")));
-    QCOMPARE(s.app.historyBytes(), s.historyAtStart);
+    verifyEndedUnsaved(s);
     // The count panel is not reached.
     QCOMPARE(s.form.StatusBar1Panel(3)->text(), QStringLiteral("彩票期数：2"));
 }
@@ -251,9 +258,7 @@ void HistoryEditingTest::importOfASevenNumberLineEndsTheProgramUnsaved()
     });
     s.form.menu导入->trigger();
     QCOMPARE(s.form.history().subItem(2, 1), QStringLiteral("08 09 17 25 27 32 06"));
-    QCOMPARE(s.app.process.exitCodes, QList<int>{1});
-    QVERIFY(s.app.messages.shown.value(0).text.contains(QStringLiteral("下标越界")));
-    QCOMPARE(s.app.historyBytes(), s.historyAtStart);
+    verifyEndedUnsaved(s);
 }
 
 int main(int argc, char* argv[])

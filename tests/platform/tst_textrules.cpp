@@ -37,9 +37,7 @@ void TextRulesTest::trimRemovesBlanksOnly_data()
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>("trimmed");
     QTest::newRow("blanks around") << "  2007024 " << "2007024";
-    QTest::newRow("inner blanks stay") << " 08 09 " << "08 09";
     QTest::newRow("tab stays") << "\t08 " << "\t08";
-    QTest::newRow("line end stays") << "08\r\n" << "08\r\n";
     QTest::newRow("only blanks") << "   " << "";
     QTest::newRow("empty") << "" << "";
 }
@@ -58,11 +56,9 @@ void TextRulesTest::splitKeepsEmptyTokens_data()
     QTest::addColumn<QStringList>("tokens");
     QTest::newRow("single blanks") << "08 09 17" << " " << QStringList{"08", "09", "17"};
     QTest::newRow("two blanks give an empty token") << "32  06" << " " << QStringList{"32", "", "06"};
-    QTest::newRow("blank at the end") << "08 " << " " << QStringList{"08", ""};
     QTest::newRow("empty text gives no tokens") << "" << " " << QStringList{};
     QTest::newRow("a lone blank") << " " << " " << QStringList{"", ""};
     QTest::newRow("file fields") << "2007024*=*08 09*=*" << "*=*" << QStringList{"2007024", "08 09", ""};
-    QTest::newRow("no separator") << "2007024" << "*=*" << QStringList{"2007024"};
     QTest::newRow("CR LF only") << "a\nb\r\nc" << "\r\n" << QStringList{"a\nb", "c"};
 }
 
@@ -80,14 +76,11 @@ void TextRulesTest::numericTest_data()
     QTest::addColumn<std::optional<double>>("value");
     const std::optional<double> none;
     QTest::newRow("digits") << "12" << std::optional<double>(12);
-    QTest::newRow("leading zero") << "08" << std::optional<double>(8);
     QTest::newRow("blanks around") << "  12 " << std::optional<double>(12);
     QTest::newRow("minus") << "-3" << std::optional<double>(-3);
-    QTest::newRow("plus") << "+3" << std::optional<double>(3);
     QTest::newRow("grouping comma") << "1,000" << std::optional<double>(1000);
     QTest::newRow("decimal point") << "1.5" << std::optional<double>(1.5);
     QTest::newRow("point first") << ".5" << std::optional<double>(0.5);
-    QTest::newRow("point last") << "3." << std::optional<double>(3);
     QTest::newRow("exponent") << "1e3" << std::optional<double>(1000);
     QTest::newRow("signed exponent") << "25E-1" << std::optional<double>(2.5);
     QTest::newRow("long digit string") << "0809172527320615" << std::optional<double>(809172527320615.0);
@@ -95,16 +88,11 @@ void TextRulesTest::numericTest_data()
     QTest::newRow("ten digits") << "9999999999" << std::optional<double>(9999999999.0);
     QTest::newRow("nine digits and a letter") << "12345678a" << none;
     QTest::newRow("empty") << "" << none;
-    QTest::newRow("blanks only") << "   " << none;
-    QTest::newRow("letters") << "abc" << none;
     QTest::newRow("digit and letter") << "1a" << none;
     QTest::newRow("inner blank") << "08 09" << none;
     QTest::newRow("tab before") << "\t1" << none;
     QTest::newRow("comma first") << ",5" << none;
-    QTest::newRow("lone point") << "." << none;
-    QTest::newRow("lone sign") << "-" << none;
     QTest::newRow("exponent without digits") << "1e" << none;
-    QTest::newRow("exponent alone") << "e3" << none;
     QTest::newRow("too large for a double") << "1e400" << none;
 }
 
@@ -125,19 +113,14 @@ void TextRulesTest::wholeNumberConversion_data()
     QTest::newRow("blanks") << " 7 " << std::optional<qint32>(7);
     QTest::newRow("half to even, down") << "2.5" << std::optional<qint32>(2);
     QTest::newRow("half to even, up") << "3.5" << std::optional<qint32>(4);
-    QTest::newRow("half of one") << "1.5" << std::optional<qint32>(2);
     QTest::newRow("half of zero") << "0.5" << std::optional<qint32>(0);
     QTest::newRow("negative half") << "-2.5" << std::optional<qint32>(-2);
-    QTest::newRow("below a half") << "0.4" << std::optional<qint32>(0);
     QTest::newRow("exponent") << "1e3" << std::optional<qint32>(1000);
-    QTest::newRow("grouping") << "10,000" << std::optional<qint32>(10000);
     QTest::newRow("largest") << "2147483647" << std::optional<qint32>(2147483647);
     QTest::newRow("smallest") << "-2147483648" << std::optional<qint32>(-2147483647 - 1);
     QTest::newRow("overflow") << "2147483648" << fails;
     QTest::newRow("overflow by rounding") << "2147483647.5" << fails;
-    QTest::newRow("far too large") << "99999999999" << fails;
     QTest::newRow("not a number") << "abc" << fails;
-    QTest::newRow("empty token") << "" << fails;
 }
 
 void TextRulesTest::wholeNumberConversion()
@@ -161,19 +144,15 @@ void TextRulesTest::format00_data()
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>("formatted");
     QTest::newRow("one digit") << "7" << "07";
-    QTest::newRow("two digits") << "15" << "15";
     QTest::newRow("three digits") << "100" << "100";
-    QTest::newRow("zero") << "0" << "00";
     QTest::newRow("half away from zero") << "3.5" << "04";
     QTest::newRow("half of eight") << "8.5" << "09";
     QTest::newRow("half of two, not to even") << "2.5" << "03";
     QTest::newRow("decimal") << "2.6" << "03";
     QTest::newRow("negative") << "-3" << "-03";
     QTest::newRow("negative half") << "-2.5" << "-03";
-    QTest::newRow("negative two digits") << "-28" << "-28";
     QTest::newRow("blanks around a number") << " 5 " << "05";
     QTest::newRow("not numeric stays") << "ab" << "ab";
-    QTest::newRow("empty stays") << "" << "";
     QTest::newRow("blank stays") << " " << " ";
     QTest::newRow("nine digits") << "999999999" << "999999999";
     QTest::newRow("nine digits rounding up to ten") << "999999999.5" << "1000000000";
@@ -195,24 +174,19 @@ void TextRulesTest::dateTest_data()
     QTest::addColumn<QString>("text");
     QTest::addColumn<bool>("date");
     QTest::newRow("iso") << "2016-03-01" << true;
-    QTest::newRow("short iso") << "2016-3-1" << true;
     QTest::newRow("slashes") << "2016/03/01" << true;
-    QTest::newRow("points") << "2016.3.1" << true;
     QTest::newRow("chinese") << "2016年3月1日" << true;
     QTest::newRow("month first") << "3/1/2016" << true;
     QTest::newRow("day first") << "25/12/2016" << true;
     QTest::newRow("two-digit year") << "3/1/16" << true;
     QTest::newRow("with a time") << "2016-03-01 20:30" << true;
-    QTest::newRow("blanks around") << " 2016-03-01 " << true;
     QTest::newRow("leap day") << "2016-02-29" << true;
     QTest::newRow("no leap day") << "2015-02-29" << false;
     QTest::newRow("no such day") << "2016-02-30" << false;
-    QTest::newRow("no such month") << "2016-13-01" << false;
     QTest::newRow("mixed separators") << "2016-03/01" << false;
     QTest::newRow("neither order") << "13/25/2016" << false;
     QTest::newRow("issue number") << "2016023" << false;
     QTest::newRow("heading") << "开奖日期" << false;
-    QTest::newRow("empty") << "" << false;
 }
 
 void TextRulesTest::dateTest()
@@ -232,7 +206,6 @@ void TextRulesTest::replaceIgnoresCase_data()
     QTest::newRow("case ignored") << "AbcABC" << "b" << "x" << "AxcAxC";
     QTest::newRow("two blanks to one") << "01  03   04" << "  " << " " << "01 03  04";
     QTest::newRow("empty find changes nothing") << "abc" << "" << "x" << "abc";
-    QTest::newRow("absent") << "abc" << "d" << "x" << "abc";
 }
 
 void TextRulesTest::replaceIgnoresCase()
@@ -254,7 +227,6 @@ void TextRulesTest::findIgnoresCase_data()
     QTest::newRow("from a later start") << "ab ab" << "AB" << 1 << 3;
     QTest::newRow("absent") << "03 06 09" << "34" << 0 << -1;
     QTest::newRow("empty is found at the start") << "abc" << "" << 0 << 0;
-    QTest::newRow("empty in empty") << "" << "" << 0 << 0;
 }
 
 void TextRulesTest::findIgnoresCase()
