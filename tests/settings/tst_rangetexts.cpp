@@ -7,24 +7,23 @@ class RangeTextsTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void sixRangesOfThisRun();
+    void rangesAsTheyStand();
 };
 
-void RangeTextsTest::sixRangesOfThisRun()
+void RangeTextsTest::rangesAsTheyStand()
 {
+    // Every value differs, ball 4 is reversed and ball 5's stored "abc" was read as 0.
     BallRanges ranges;
-    ranges.BallMin = {1, 1, 1, 1, 1, 1};
-    ranges.BallMax = {33, 33, 33, 33, 33, 33};
+    ranges.BallMin = {1, 2, 3, 12, 0, 6};
+    ranges.BallMax = {33, 32, 31, 5, 29, 28};
     QCOMPARE(rangetexts::sixRanges(ranges),
-             QStringLiteral("球1取值范围:1-33\r\n球2取值范围:1-33\r\n球3取值范围:1-33\r\n"
-                            "球4取值范围:1-33\r\n球5取值范围:1-33\r\n球6取值范围:1-33\r\n"));
+             QStringLiteral("球1取值范围:1-33\r\n球2取值范围:2-32\r\n球3取值范围:3-31\r\n"
+                            "球4取值范围:12-5\r\n球5取值范围:0-29\r\n球6取值范围:6-28\r\n"));
 
-    ranges.min(2) = 12; // a reversed pair and a stored "abc" read as 0 show as they stand
-    ranges.max(2) = 5;
-    ranges.min(6) = 0;
-    const QStringList lines = rangetexts::sixRanges(ranges).split(QStringLiteral("\r\n"));
-    QCOMPARE(lines.at(1), QStringLiteral("球2取值范围:12-5"));
-    QCOMPARE(lines.at(5), QStringLiteral("球6取值范围:0-33"));
+    const std::optional<rangetexts::ShownRange> six = rangetexts::rangeOf(ranges, 6);
+    QVERIFY(six);
+    QCOMPARE(six->minimum + "-" + six->maximum, QStringLiteral("6-28"));
+    QVERIFY(!rangetexts::rangeOf(ranges, 7));
 }
 
 QTEST_GUILESS_MAIN(RangeTextsTest)
