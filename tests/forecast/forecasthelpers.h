@@ -42,14 +42,10 @@ inline float valueFor(int number, int range)
 // the shortest stir, then the blue when there is one.
 inline void queueGroup(ScriptedRandom& random, const QList<int>& reds, int blue = 0)
 {
-    for (int red : reds) {
-        random.queued.push_back(0.0f);
-        random.queued.push_back(valueFor(red, 33));
-    }
-    if (blue > 0) {
-        random.queued.push_back(0.0f);
-        random.queued.push_back(valueFor(blue, 16));
-    }
+    for (int red : reds)
+        random.queued.insert(random.queued.end(), {0.0f, valueFor(red, 33)});
+    if (blue > 0)
+        random.queued.insert(random.queued.end(), {0.0f, valueFor(blue, 16)});
 }
 
 } // namespace forecasttest
