@@ -1,4 +1,5 @@
 #include "app/logo.h"
+#include "forecast/forecastnormal.h"
 #include "app/mainform.h"
 #include "app/programstyle.h"
 #include "settings/ballranges.h"
@@ -60,6 +61,7 @@ private slots:
     void windowKeepsItsDesignedSize();
     void hiddenEntriesStayHidden();
     void browserAndMailEntries();
+    void forecastEntryOpensItsWindowModally();
     void captionsFitTheirControls();
 };
 
@@ -353,6 +355,18 @@ void MainFormTest::browserAndMailEntries()
                                   "软件名称：澄川号码分析台\r\n\r\n 姓名：      \r\n QQ号码：     \r\n"
                                   " Email：     \r\n 联系地址：     \r\n 邮编：      \r\n 日期：")
                        + date);
+}
+
+void MainFormTest::forecastEntryOpensItsWindowModally()
+{
+    StartedMainForm started;
+    bool modal = false;
+    whenWindowShown<ForecastNormal>([&](ForecastNormal* window) {
+        modal = window->isModal();
+        window->close();
+    });
+    started.form.menu一般性预测->trigger();
+    QVERIFY(modal);
 }
 
 void MainFormTest::captionsFitTheirControls()
