@@ -29,6 +29,22 @@ struct StartupServices {
 };
 
 struct AppContext {
+    AppContext(QString programFolder, SettingsStore& settings, MessageService& messages, ClipboardService& clipboard,
+               DesktopLauncher& launcher, FileDialogs& fileDialogs, RandomSource& random, Clock& clock,
+               ProcessControl& process, SiteAddresses addresses)
+        : programFolder(std::move(programFolder)),
+          settings(settings),
+          messages(messages),
+          clipboard(clipboard),
+          launcher(launcher),
+          fileDialogs(fileDialogs),
+          random(random),
+          clock(clock),
+          process(process),
+          addresses(std::move(addresses))
+    {
+    }
+
     QString programFolder;
     SettingsStore& settings;
     MessageService& messages;

@@ -29,22 +29,8 @@ int main(int argc, char* argv[])
     SystemClock clock;
     SystemProcessControl process;
 
-    AppContext context{
-        .programFolder = QCoreApplication::applicationDirPath(),
-        .settings = settings,
-        .messages = messages,
-        .clipboard = clipboard,
-        .launcher = launcher,
-        .fileDialogs = fileDialogs,
-        .random = random,
-        .clock = clock,
-        .process = process,
-        .addresses = SiteAddresses(),
-        .startup = StartupServices(),
-        .ranges = BallRanges(),
-        .OsDescription = QString(),
-        .DrawSiteBase = QString(),
-    };
+    AppContext context(QCoreApplication::applicationDirPath(), settings, messages, clipboard, launcher, fileDialogs,
+                       random, clock, process, SiteAddresses());
 
     MainForm mainForm(context);
     mainForm.Form_Load();

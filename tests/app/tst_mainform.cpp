@@ -179,11 +179,8 @@ void MainFormTest::splashWaitsForTheUpdateCheck()
 
 void MainFormTest::headerClicksFlipOneDirection()
 {
-    TestApp app;
-    app.writeHistory(threeDraws);
-    MainForm form(app.context);
-    form.Form_Load();
-    form.show();
+    StartedMainForm started(threeDraws);
+    MainForm& form = started.form;
     QVERIFY(QTest::qWaitForWindowExposed(&form));
 
     clickHeader(form, 0);
@@ -201,11 +198,9 @@ void MainFormTest::headerClicksFlipOneDirection()
 
 void MainFormTest::deleteActsOnTheSelectedRow()
 {
-    TestApp app;
-    app.writeHistory(threeDraws);
-    MainForm form(app.context);
-    form.Form_Load();
-    form.show();
+    StartedMainForm started(threeDraws);
+    TestApp& app = started.app;
+    MainForm& form = started.form;
     QVERIFY(QTest::qWaitForWindowExposed(&form));
 
     form.menu删除->trigger(); // nothing selected: nothing happens
@@ -274,11 +269,8 @@ void MainFormTest::clearAsksFirst()
 
 void MainFormTest::inPlaceEditingIsRefused()
 {
-    TestApp app;
-    app.writeHistory(threeDraws);
-    MainForm form(app.context);
-    form.Form_Load();
-    form.show();
+    StartedMainForm started(threeDraws);
+    MainForm& form = started.form;
     QVERIFY(QTest::qWaitForWindowExposed(&form));
     selectRow(form, 0);
     QTest::keyClick(form.ListView1, Qt::Key_F2);
@@ -290,10 +282,8 @@ void MainFormTest::inPlaceEditingIsRefused()
 
 void MainFormTest::rightClickShowsTheListMenuEvenWhenEmpty()
 {
-    TestApp app;
-    MainForm form(app.context);
-    form.Form_Load();
-    form.show();
+    StartedMainForm started;
+    MainForm& form = started.form;
     QVERIFY(QTest::qWaitForWindowExposed(&form));
     QWidget* viewport = form.ListView1->viewport();
     const QPoint at(40, 40);
@@ -305,10 +295,8 @@ void MainFormTest::rightClickShowsTheListMenuEvenWhenEmpty()
 
 void MainFormTest::windowKeepsItsDesignedSize()
 {
-    TestApp app;
-    MainForm form(app.context);
-    form.Form_Load();
-    form.show();
+    StartedMainForm started;
+    MainForm& form = started.form;
     QVERIFY(QTest::qWaitForWindowExposed(&form));
     const QSize designed = form.size();
     QCOMPARE(designed.width(), 722);

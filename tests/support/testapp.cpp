@@ -20,23 +20,9 @@ IniSettingsStore* makeSettings(const QTemporaryDir& folder)
 
 TestApp::TestApp()
     : m_settings(makeSettings(m_folder)),
-      context{
-          .programFolder = m_folder.path(),
-          .settings = *m_settings,
-          .messages = messages,
-          .clipboard = clipboard,
-          .launcher = launcher,
-          .fileDialogs = fileDialogs,
-          .random = random,
-          .clock = clock,
-          .process = process,
-          .addresses = SiteAddresses{QStringLiteral("http://127.0.0.1:9"), QStringLiteral("http://127.0.0.1:9/maker/"),
-                                     QStringLiteral("maker@127.0.0.1")},
-          .startup = StartupServices(),
-          .ranges = BallRanges(),
-          .OsDescription = QString(),
-          .DrawSiteBase = QString(),
-      }
+      context(m_folder.path(), *m_settings, messages, clipboard, launcher, fileDialogs, random, clock, process,
+              SiteAddresses{QStringLiteral("http://127.0.0.1:9"), QStringLiteral("http://127.0.0.1:9/maker/"),
+                            QStringLiteral("maker@127.0.0.1")})
 {
 }
 
