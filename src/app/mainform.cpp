@@ -1,6 +1,7 @@
 #include "app/mainform.h"
 
 #include "app/appcontext.h"
+#include "app/controls.h"
 #include "app/logo.h"
 #include "app/twips.h"
 #include "forecast/forecastnormal.h"
@@ -30,36 +31,6 @@
 #include <QPushButton>
 #include <QStatusBar>
 #include <QTreeView>
-
-namespace {
-
-QLabel* label(QWidget* parent, const char* name, const QString& text, const QRect& geometry)
-{
-    auto* widget = new QLabel(text, parent);
-    widget->setObjectName(QLatin1String(name));
-    widget->setGeometry(geometry);
-    widget->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    return widget;
-}
-
-QPushButton* button(QWidget* parent, const char* name, const QString& text, const QRect& geometry)
-{
-    auto* widget = new QPushButton(text, parent);
-    widget->setObjectName(QLatin1String(name));
-    widget->setGeometry(geometry);
-    return widget;
-}
-
-QComboBox* pickList(QWidget* parent, const char* name, const QStringList& entries, const QRect& geometry)
-{
-    auto* widget = new QComboBox(parent);
-    widget->setObjectName(QLatin1String(name));
-    widget->addItems(entries);
-    widget->setGeometry(geometry);
-    return widget;
-}
-
-} // namespace
 
 MainForm::MainForm(AppContext& context, QWidget* parent)
     : QMainWindow(parent), m_context(context), m_history(this)
@@ -93,8 +64,8 @@ void MainForm::buildControls()
     client->setObjectName(QStringLiteral("client"));
     setCentralWidget(client);
 
-    Label1 = label(client, "Label1", QStringLiteral("双色球开奖历史："), twips::rect(120, 15, 1560, 180));
-    Label6 = label(client, "Label6", QStringLiteral("[点击表头，可以对该栏目排序.]"),
+    Label1 = controls::label(client, "Label1", QStringLiteral("双色球开奖历史："), twips::rect(120, 15, 1560, 180));
+    Label6 = controls::label(client, "Label6", QStringLiteral("[点击表头，可以对该栏目排序.]"),
                    twips::rect(3945, 45, 2610, 180));
 
     ListView1 = new QTreeView(client);
@@ -124,7 +95,7 @@ void MainForm::buildControls()
     connect(ListView1, &QWidget::customContextMenuRequested, this,
             [this](const QPoint& position) { ListView1_MouseDown(position); });
 
-    Label4 = label(client, "Label4", QStringLiteral("本软件将大大提高您的中奖机会！！！"),
+    Label4 = controls::label(client, "Label4", QStringLiteral("本软件将大大提高您的中奖机会！！！"),
                    twips::rect(2640, 5370, 5355, 300));
     QFont slogan = Label4->font();
     slogan.setPointSize(12);
@@ -136,21 +107,21 @@ void MainForm::buildControls()
     Frame1 = new QGroupBox(QStringLiteral("统计"), client);
     Frame1->setObjectName(QStringLiteral("Frame1"));
     Frame1->setGeometry(twips::rect(105, 5745, 10620, 1560));
-    Label2 = label(Frame1, "Label2", QStringLiteral("球："), twips::rect(360, 420, 360, 180));
-    Combo1 = pickList(Frame1, "Combo1", {"1", "2", "3", "4", "5", "6", "7", "8"}, twips::rect(720, 360, 1110, 300));
-    Command3 = button(Frame1, "Command3", QStringLiteral("频率统计"), twips::rect(1875, 315, 1095, 390));
-    Combo2 = pickList(Frame1, "Combo2",
+    Label2 = controls::label(Frame1, "Label2", QStringLiteral("球："), twips::rect(360, 420, 360, 180));
+    Combo1 = controls::pickList(Frame1, "Combo1", {"1", "2", "3", "4", "5", "6", "7", "8"}, twips::rect(720, 360, 1110, 300));
+    Command3 = controls::button(Frame1, "Command3", QStringLiteral("频率统计"), twips::rect(1875, 315, 1095, 390));
+    Combo2 = controls::pickList(Frame1, "Combo2",
                       {QStringLiteral("球2－球1"), QStringLiteral("球3－球2"), QStringLiteral("球4－球3"),
                        QStringLiteral("球5－球4"), QStringLiteral("球6－球5")},
                       twips::rect(4245, 360, 1455, 300));
-    Command5 = button(Frame1, "Command5", QStringLiteral("差值统计"), twips::rect(5745, 315, 1095, 390));
-    Combo3 = pickList(Frame1, "Combo3",
+    Command5 = controls::button(Frame1, "Command5", QStringLiteral("差值统计"), twips::rect(5745, 315, 1095, 390));
+    Combo3 = controls::pickList(Frame1, "Combo3",
                       {QStringLiteral("(球2+球1)/2"), QStringLiteral("(球3+球2)/2"), QStringLiteral("(球4+球3)/2"),
                        QStringLiteral("(球5+球4)/2"), QStringLiteral("(球6+球5)/2")},
                       twips::rect(7605, 360, 1455, 300));
-    Command6 = button(Frame1, "Command6", QStringLiteral("平均值统计"), twips::rect(9105, 315, 1095, 390));
-    Command7 = button(Frame1, "Command7", QStringLiteral("七个球总和之平均统计"), twips::rect(375, 975, 2205, 390));
-    Command12 = button(Frame1, "Command12", QStringLiteral("七个球偶数出现率统计"), twips::rect(4245, 975, 2205, 390));
+    Command6 = controls::button(Frame1, "Command6", QStringLiteral("平均值统计"), twips::rect(9105, 315, 1095, 390));
+    Command7 = controls::button(Frame1, "Command7", QStringLiteral("七个球总和之平均统计"), twips::rect(375, 975, 2205, 390));
+    Command12 = controls::button(Frame1, "Command12", QStringLiteral("七个球偶数出现率统计"), twips::rect(4245, 975, 2205, 390));
     const std::pair<QPushButton*, void (MainForm::*)()> buttons[] = {
         {Command3, &MainForm::Command3_Click}, {Command5, &MainForm::Command5_Click},
         {Command6, &MainForm::Command6_Click}, {Command7, &MainForm::Command7_Click},

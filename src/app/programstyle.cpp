@@ -4,22 +4,31 @@
 
 namespace programstyle {
 
-QFont ui(qreal pointSize)
+namespace {
+
+// The first of these families that the machine has, at this size.
+QFont face(const QStringList& families, qreal pointSize)
 {
     QFont font;
-    font.setFamilies({QStringLiteral("宋体"), QStringLiteral("SimSun"), QStringLiteral("Noto Sans CJK SC"),
-                      QStringLiteral("WenQuanYi Micro Hei"), QStringLiteral("sans-serif")});
+    font.setFamilies(families);
     font.setPointSizeF(pointSize);
     return font;
 }
 
+} // namespace
+
+QFont ui(qreal pointSize)
+{
+    return face({QStringLiteral("宋体"), QStringLiteral("SimSun"), QStringLiteral("Noto Sans CJK SC"),
+                 QStringLiteral("WenQuanYi Micro Hei"), QStringLiteral("sans-serif")},
+                pointSize);
+}
+
 QFont serif(qreal pointSize)
 {
-    QFont font;
-    font.setFamilies({QStringLiteral("宋体"), QStringLiteral("SimSun"), QStringLiteral("Noto Serif CJK SC"),
-                      QStringLiteral("AR PL UMing CN"), QStringLiteral("serif")});
-    font.setPointSizeF(pointSize);
-    return font;
+    return face({QStringLiteral("宋体"), QStringLiteral("SimSun"), QStringLiteral("Noto Serif CJK SC"),
+                 QStringLiteral("AR PL UMing CN"), QStringLiteral("serif")},
+                pointSize);
 }
 
 void applyTo(QApplication& application)

@@ -1,6 +1,7 @@
 #include "forecast/forecastwindow.h"
 
 #include "app/appcontext.h"
+#include "app/controls.h"
 #include "app/programstyle.h"
 #include "forecast/duplicatelines.h"
 #include "forecast/grouphistory.h"
@@ -26,28 +27,8 @@ constexpr int boxWidth = 330;
 constexpr int boxHeight = 296;
 constexpr int sideButtonWidth = 120;
 
-QPushButton* button(QWidget* parent, const char* name, const QString& caption)
-{
-    auto* widget = new QPushButton(caption, parent);
-    widget->setObjectName(QLatin1String(name));
-    widget->setAutoDefault(false);
-    return widget;
-}
 
-QLabel* label(QWidget* parent, const char* name, const QString& caption)
-{
-    auto* widget = new QLabel(caption, parent);
-    widget->setObjectName(QLatin1String(name));
-    widget->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    return widget;
-}
 
-QCheckBox* tick(QWidget* parent, const char* name, const QString& caption)
-{
-    auto* widget = new QCheckBox(caption, parent);
-    widget->setObjectName(QLatin1String(name));
-    return widget;
-}
 
 } // namespace
 
@@ -63,23 +44,26 @@ ForecastWindow::ForecastWindow(AppContext& context, const DrawHistory& history, 
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
     setWindowFlag(Qt::MSWindowsFixedSizeDialogHint, true);
 
-    Label1 = label(this, "Label1", QStringLiteral("每次预测           组号码"));
+    Label1 = controls::label(this, "Label1", QStringLiteral("每次预测           组号码"));
     Text2 = new QLineEdit(QStringLiteral("1"), this);
     Text2->setObjectName(QStringLiteral("Text2"));
     Text2->setAlignment(Qt::AlignCenter);
-    Check1 = tick(this, "Check1", QStringLiteral("预测蓝色球"));
-    Check2 = tick(this, "Check2", QStringLiteral("不出现历史开过奖的号码组"));
-    Command1 = button(this, "Command1", QStringLiteral("下期预测"));
-    Label4 = label(this, "Label4", QStringLiteral("预测中，请稍候..."));
+    Check1 = controls::tick(this, "Check1", QStringLiteral("预测蓝色球"));
+    Check2 = controls::tick(this, "Check2", QStringLiteral("不出现历史开过奖的号码组"));
+    Command1 = controls::button(this, "Command1", QStringLiteral("下期预测"));
+    Label4 = controls::label(this, "Label4", QStringLiteral("预测中，请稍候..."));
     Label4->setStyleSheet(QStringLiteral("color: #FF0000;"));
-    Label3 = label(this, "Label3", QStringLiteral("预测结果[请选择使用]："));
+    Label3 = controls::label(this, "Label3", QStringLiteral("预测结果[请选择使用]："));
     RichTextBox1 = new RichTextBox(this);
     RichTextBox1->setObjectName(QStringLiteral("RichTextBox1"));
     RichTextBox1->setFont(programstyle::serif(15.75));
-    Command2 = button(this, "Command2", QStringLiteral("清空预测结果"));
-    Command3 = button(this, "Command3", QStringLiteral("复制全部"));
-    Command4 = button(this, "Command4", QStringLiteral("导出到WORD"));
-    Command5 = button(this, "Command5", QStringLiteral("滤掉重复"));
+    Command2 = controls::button(this, "Command2", QStringLiteral("清空预测结果"));
+    Command3 = controls::button(this, "Command3", QStringLiteral("复制全部"));
+    Command4 = controls::button(this, "Command4", QStringLiteral("导出到WORD"));
+    Command5 = controls::button(this, "Command5", QStringLiteral("滤掉重复"));
+    // A button runs only when it is clicked: none becomes the default of the window.
+    for (QPushButton* widget : {Command1, Command2, Command3, Command4, Command5})
+        widget->setAutoDefault(false);
 
     m_core.letEventsRun = [] { QCoreApplication::processEvents(); };
     connectCommon();

@@ -1,6 +1,7 @@
 #include "history/formadd.h"
 
 #include "app/appcontext.h"
+#include "app/controls.h"
 #include "history/drawentry.h"
 #include "history/drawhistory.h"
 #include "platform/textrules.h"
@@ -11,28 +12,22 @@
 
 FormAdd::FormAdd(AppContext& context, DrawHistory& history, QWidget* parent)
     : QDialog(parent),
-      Label1(new QLabel(QStringLiteral("彩票期号："), this)),
+      Label1(controls::label(this, "Label1", QStringLiteral("彩票期号："), QRect(24, 24, 76, 22))),
       Text1(new QLineEdit(this)),
-      Label3(new QLabel(QStringLiteral("彩票号码："), this)),
+      Label3(controls::label(this, "Label3", QStringLiteral("彩票号码："), QRect(24, 62, 76, 22))),
       Text2(new QLineEdit(this)),
-      Command1(new QPushButton(QStringLiteral("添加"), this)),
-      Command2(new QPushButton(QStringLiteral("取消"), this)),
+      Command1(controls::button(this, "Command1", QStringLiteral("添加"), QRect(100, 104, 90, 30))),
+      Command2(controls::button(this, "Command2", QStringLiteral("取消"), QRect(210, 104, 90, 30))),
       m_context(context),
       m_history(history)
 {
     setObjectName(QStringLiteral("FormAdd"));
     setWindowTitle(QStringLiteral("添加或者修改已经开奖的号码"));
     setFixedSize(420, 150);
-    Label1->setGeometry(24, 24, 76, 22);
-    Text1->setGeometry(100, 22, 140, 26);
-    Label3->setGeometry(24, 62, 76, 22);
-    Text2->setGeometry(100, 60, 296, 26);
-    Command1->setGeometry(100, 104, 90, 30);
-    Command2->setGeometry(210, 104, 90, 30);
     Text1->setObjectName(QStringLiteral("Text1"));
+    Text1->setGeometry(100, 22, 140, 26);
     Text2->setObjectName(QStringLiteral("Text2"));
-    Command1->setObjectName(QStringLiteral("Command1"));
-    Command2->setObjectName(QStringLiteral("Command2"));
+    Text2->setGeometry(100, 60, 296, 26);
     Command1->setDefault(true);
 
     connect(Command1, &QPushButton::clicked, this, [this] { m_context.runEvent([&] { Command1_Click(); }); });

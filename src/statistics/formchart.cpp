@@ -1,6 +1,7 @@
 #include "statistics/formchart.h"
 
 #include "app/appcontext.h"
+#include "app/controls.h"
 #include "app/programstyle.h"
 #include "platform/textrules.h"
 #include "statistics/ballpanel.h"
@@ -56,22 +57,7 @@ qint64 roundStep(double top)
     return qint64(10.0 * power);
 }
 
-QLabel* panelLabel(QWidget* parent, const char* name, const QString& text)
-{
-    auto* label = new QLabel(text, parent);
-    label->setObjectName(QLatin1String(name));
-    label->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    return label;
-}
 
-QComboBox* pickList(QWidget* parent, const char* name)
-{
-    auto* list = new QComboBox(parent);
-    list->setObjectName(QLatin1String(name));
-    list->setEditable(false);
-    list->setMaxVisibleItems(16);
-    return list;
-}
 
 } // namespace
 
@@ -106,7 +92,7 @@ void FormChart::buildPanel()
     Picture1->setFrameShadow(QFrame::Sunken);
     Picture1->setVisible(false);
 
-    Label1 = panelLabel(Picture1, "Label1", QStringLiteral("设置球："));
+    Label1 = controls::label(Picture1, "Label1", QStringLiteral("设置球："));
     Text1 = new QLineEdit(Picture1);
     Text1->setObjectName(QStringLiteral("Text1"));
     Text1->setReadOnly(true);
@@ -115,11 +101,13 @@ void FormChart::buildPanel()
     QPalette greyed = Text1->palette();
     greyed.setColor(QPalette::Base, greyed.color(QPalette::Window));
     Text1->setPalette(greyed);
-    Label2 = panelLabel(Picture1, "Label2", QStringLiteral("取最小值："));
-    Combo1 = pickList(Picture1, "Combo1");
-    Label3 = panelLabel(Picture1, "Label3", QStringLiteral("到最大值："));
-    Combo2 = pickList(Picture1, "Combo2");
-    Label4 = panelLabel(Picture1, "Label4", QStringLiteral("[用于预测]"));
+    Label2 = controls::label(Picture1, "Label2", QStringLiteral("取最小值："));
+    Combo1 = controls::pickList(Picture1, "Combo1");
+    Label3 = controls::label(Picture1, "Label3", QStringLiteral("到最大值："));
+    Combo2 = controls::pickList(Picture1, "Combo2");
+    Combo1->setMaxVisibleItems(16);
+    Combo2->setMaxVisibleItems(16);
+    Label4 = controls::label(Picture1, "Label4", QStringLiteral("[用于预测]"));
 
     // The controls stand in one row, left to right, centred in the panel.
     const int fieldHeight = 24;
