@@ -1,7 +1,7 @@
 #include "app/logo.h"
 
-#include "app/appcontext.h"
-#include "app/twips.h"
+#include "windowkit/appcontext.h"
+#include "windowkit/twips.h"
 
 #include <QCoreApplication>
 #include <QGuiApplication>

@@ -1,10 +1,10 @@
-#include "app/appcontext.h"
-#include "app/desktopservices.h"
+#include "windowkit/appcontext.h"
 #include "app/mainform.h"
-#include "app/programstyle.h"
 #include "platform/appinfo.h"
 #include "platform/systemservices.h"
 #include "settings/settingsstore.h"
+#include "windowkit/desktopservices.h"
+#include "windowkit/programstyle.h"
 
 #include <QApplication>
 #include <QDir>

@@ -1,9 +1,6 @@
 #include "app/mainform.h"
 
-#include "app/appcontext.h"
-#include "app/controls.h"
 #include "app/logo.h"
-#include "app/twips.h"
 #include "forecast/forecastnormal.h"
 #include "history/formadd.h"
 #include "history/forminput.h"
@@ -17,6 +14,9 @@
 #include "statistics/chartcommands.h"
 #include "statistics/perball.h"
 #include "statistics/sevenball.h"
+#include "windowkit/appcontext.h"
+#include "windowkit/controls.h"
+#include "windowkit/twips.h"
 
 #include <QCloseEvent>
 #include <QComboBox>
@@ -335,10 +335,7 @@ void MainForm::setCountPanel()
 
 void MainForm::ListView1_ColumnClick(int columnHeaderIndex)
 {
-    m_history.setSortKey(columnHeaderIndex - 1);
-    m_history.setSortOrder(m_history.SortOrder() == 1 ? 0 : 1);
-    m_history.setSorted(true);
-    m_history.setSorted(false);
+    m_history.columnClick(columnHeaderIndex);
 }
 
 void MainForm::ListView1_MouseDown(const QPoint& position)

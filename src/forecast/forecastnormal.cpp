@@ -1,7 +1,5 @@
 #include "forecast/forecastnormal.h"
 
-#include "app/appcontext.h"
-
 #include <QLabel>
 #include <QPushButton>
 
@@ -14,7 +12,7 @@ ForecastNormal::ForecastNormal(AppContext& context, const DrawHistory& history, 
     Label5->setGeometry(16, 14, 480, 22);
     layoutCommon(50);
 
-    connect(Command1, &QPushButton::clicked, this, [this] { m_context.runEvent([&] { Command1_Click(); }); });
+    onClick(Command1, [this] { Command1_Click(); });
     Form_Load();
 }
 
@@ -27,15 +25,6 @@ void ForecastNormal::Form_Load()
 void ForecastNormal::Form_Unload()
 {
     unloadCommon();
-}
-
-void ForecastNormal::done(int result)
-{
-    if (!m_unloaded) {
-        m_unloaded = true;
-        Form_Unload();
-    }
-    ForecastWindow::done(result);
 }
 
 void ForecastNormal::Command1_Click()

@@ -13,13 +13,8 @@ public:
     ForecastNormal(AppContext& context, const DrawHistory& history, QWidget* parent = nullptr);
 
     void Form_Load();
-    void Form_Unload();
+    void Form_Unload() override;
     void Command1_Click();
 
     QLabel* Label5;
-
-    void done(int result) override;
-
-private:
-    bool m_unloaded = false;
 };

@@ -1,18 +1,17 @@
 #include "forecast/forecastwindow.h"
 
-#include "app/appcontext.h"
-#include "app/controls.h"
-#include "app/programstyle.h"
 #include "forecast/duplicatelines.h"
 #include "forecast/grouphistory.h"
 #include "forecast/resultoutput.h"
 #include "forecast/richtextbox.h"
 #include "platform/textrules.h"
 #include "settings/settingsstore.h"
+#include "windowkit/appcontext.h"
+#include "windowkit/controls.h"
+#include "windowkit/programstyle.h"
 
 #include <QCheckBox>
 #include <QCoreApplication>
-#include <QFontMetrics>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -27,21 +26,16 @@ constexpr int boxWidth = 330;
 constexpr int boxHeight = 296;
 constexpr int sideButtonWidth = 120;
 
-
-
-
 } // namespace
 
 ForecastWindow::ForecastWindow(AppContext& context, const DrawHistory& history, const QString& section,
                                ForecastCore::Hooks hooks, QWidget* parent)
-    : QDialog(parent),
-      m_context(context),
+    : ModalWindow(context, parent),
       m_history(history),
       m_section(section),
       m_core(context.random, context.ranges, forecastHistory(), std::move(hooks))
 {
     setObjectName(section);
-    setWindowFlag(Qt::WindowContextHelpButtonHint, false);
     setWindowFlag(Qt::MSWindowsFixedSizeDialogHint, true);
 
     Label1 = controls::label(this, "Label1", QStringLiteral("每次预测           组号码"));
@@ -71,36 +65,18 @@ ForecastWindow::ForecastWindow(AppContext& context, const DrawHistory& history, 
 
 void ForecastWindow::connectCommon()
 {
-    const std::pair<QPushButton*, void (ForecastWindow::*)()> buttons[] = {
-        {Command2, &ForecastWindow::Command2_Click},
-        {Command3, &ForecastWindow::Command3_Click},
-        {Command4, &ForecastWindow::Command4_Click},
-        {Command5, &ForecastWindow::Command5_Click},
-    };
-    for (const auto& [widget, handler] : buttons)
-        connect(widget, &QPushButton::clicked, this, [this, handler = handler] {
-            m_context.runEvent([&] { (this->*handler)(); });
-        });
+    onClick(Command2, [this] { Command2_Click(); });
+    onClick(Command3, [this] { Command3_Click(); });
+    onClick(Command4, [this] { Command4_Click(); });
+    onClick(Command5, [this] { Command5_Click(); });
 }
 
 void ForecastWindow::layoutCommon(int top)
 {
-    // Label1's caption leaves room for Text2 in its run of blanks, drawn as
-    // 宋体 draws them: half as wide as a Chinese character. Where 宋体 is
-    // missing, a face with the same half-width blanks stands in.
-    const QString caption = Label1->text();
-    const qsizetype gapStart = caption.indexOf(QLatin1Char(' '));
-    const qsizetype gapEnd = caption.lastIndexOf(QLatin1Char(' ')) + 1;
-    QFont captionFont = Label1->font();
-    captionFont.setFamilies({QStringLiteral("宋体"), QStringLiteral("SimSun"), QStringLiteral("NSimSun"),
-                             QStringLiteral("Noto Sans Mono CJK SC"), QStringLiteral("monospace")});
-    Label1->setFont(captionFont);
-    const QFontMetrics captionMetrics(captionFont);
-    const int lead = captionMetrics.horizontalAdvance(caption.left(gapStart));
-    const int gap = captionMetrics.horizontalAdvance(caption.mid(gapStart, gapEnd - gapStart));
+    // Text2 stands in the run of blanks of Label1's caption.
     const int rowHeight = 24;
-    Label1->setGeometry(margin, top, captionMetrics.horizontalAdvance(caption) + 4, rowHeight);
-    Text2->setGeometry(margin + lead + 3, top, gap - 6, rowHeight);
+    controls::fitGapCaption(Label1, QPoint(margin, top), rowHeight);
+    Text2->setGeometry(controls::captionGap(Label1).adjusted(3, 0, -3, 0));
 
     const int tickLeft = Label1->geometry().right() + 24;
     Check1->setGeometry(tickLeft, top, Check1->sizeHint().width(), rowHeight);

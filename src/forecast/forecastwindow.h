@@ -6,11 +6,10 @@
 // explanation and its own rule; the run itself is the forecast core's.
 
 #include "forecast/forecastcore.h"
+#include "windowkit/modalwindow.h"
 
-#include <QDialog>
 #include <QString>
 
-class AppContext;
 class DrawHistory;
 class QCheckBox;
 class QLabel;
@@ -18,7 +17,7 @@ class QLineEdit;
 class QPushButton;
 class RichTextBox;
 
-class ForecastWindow : public QDialog {
+class ForecastWindow : public ModalWindow {
     Q_OBJECT
 
 public:
@@ -70,7 +69,6 @@ protected:
     // Places the shared controls from `top` down and fixes the window's size.
     void layoutCommon(int top);
 
-    AppContext& m_context;
     const DrawHistory& m_history;
     const QString m_section;
     ForecastCore m_core;

@@ -166,6 +166,11 @@ void DrawHistory::setSorted(bool sorted)
     emit layoutChanged({}, QAbstractItemModel::VerticalSortHint);
 }
 
+void DrawHistory::columnClick(int columnHeaderIndex)
+{
+    sortOnce(columnHeaderIndex - 1, m_sortOrder == 1 ? 0 : 1);
+}
+
 void DrawHistory::sortOnce(int column, int order)
 {
     setSortKey(column);

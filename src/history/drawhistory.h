@@ -62,6 +62,12 @@ public:
     void setSorted(bool sorted);
     // SortKey, SortOrder, Sorted true and at once false.
     void sortOnce(int column, int order);
+    // What a click on a column header of the main list does, also when a
+    // window asks for it to put the newest draw first: SortKey becomes the
+    // header's index less 1, the one direction of the whole list flips (the
+    // list starts ascending, so the first click sorts descending) and the
+    // rows are sorted once. The header index counts from 1.
+    void columnClick(int columnHeaderIndex);
 
     // Within a Batch, added rows and changed cells reach the views as one
     // notice when the outermost Batch ends, so that passes over all rows stay

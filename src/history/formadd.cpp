@@ -1,24 +1,23 @@
 #include "history/formadd.h"
 
-#include "app/appcontext.h"
-#include "app/controls.h"
 #include "history/drawentry.h"
 #include "history/drawhistory.h"
 #include "platform/textrules.h"
+#include "windowkit/appcontext.h"
+#include "windowkit/controls.h"
 
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 
 FormAdd::FormAdd(AppContext& context, DrawHistory& history, QWidget* parent)
-    : QDialog(parent),
+    : ModalWindow(context, parent),
       Label1(controls::label(this, "Label1", QStringLiteral("彩票期号："), QRect(24, 24, 76, 22))),
       Text1(new QLineEdit(this)),
       Label3(controls::label(this, "Label3", QStringLiteral("彩票号码："), QRect(24, 62, 76, 22))),
       Text2(new QLineEdit(this)),
       Command1(controls::button(this, "Command1", QStringLiteral("添加"), QRect(100, 104, 90, 30))),
       Command2(controls::button(this, "Command2", QStringLiteral("取消"), QRect(210, 104, 90, 30))),
-      m_context(context),
       m_history(history)
 {
     setObjectName(QStringLiteral("FormAdd"));
@@ -30,8 +29,9 @@ FormAdd::FormAdd(AppContext& context, DrawHistory& history, QWidget* parent)
     Text2->setGeometry(100, 60, 296, 26);
     Command1->setDefault(true);
 
-    connect(Command1, &QPushButton::clicked, this, [this] { m_context.runEvent([&] { Command1_Click(); }); });
-    connect(Command2, &QPushButton::clicked, this, [this] { m_context.runEvent([&] { Command2_Click(); }); });
+    onClick(Command1, [this] { Command1_Click(); });
+    onClick(Command2, [this] { Command2_Click(); });
+    setEscapeButton(Command2);
 }
 
 void FormAdd::Command1_Click()

@@ -4,15 +4,14 @@
 // or changed. With AddMode set, 添加 appends a row; without it, it changes the
 // row the caller names (the selected row of the main list).
 
-#include <QDialog>
+#include "windowkit/modalwindow.h"
 
-class AppContext;
 class DrawHistory;
 class QLabel;
 class QLineEdit;
 class QPushButton;
 
-class FormAdd : public QDialog {
+class FormAdd : public ModalWindow {
     Q_OBJECT
 
 public:
@@ -32,6 +31,5 @@ public:
     QPushButton* Command2;
 
 private:
-    AppContext& m_context;
     DrawHistory& m_history;
 };

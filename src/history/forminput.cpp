@@ -1,15 +1,15 @@
 #include "history/forminput.h"
 
-#include "app/appcontext.h"
-#include "app/controls.h"
 #include "history/insertline.h"
+#include "windowkit/appcontext.h"
+#include "windowkit/controls.h"
 
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
 
 FormInput::FormInput(AppContext& context, DrawHistory& history, QWidget* parent)
-    : QDialog(parent),
+    : ModalWindow(context, parent),
       Label1(controls::label(this, "Label1", QStringLiteral("注意格式："), QRect(16, 12, 508, 20))),
       Label2(controls::label(this, "Label2", QStringLiteral("期号  6个红色球 1-2个蓝色球 （空格隔开数字） 例如："),
                              QRect(16, 34, 508, 20))),
@@ -18,7 +18,6 @@ FormInput::FormInput(AppContext& context, DrawHistory& history, QWidget* parent)
       Command1(controls::button(this, "Command1", QStringLiteral("导入"), QRect(330, 384, 90, 30))),
       Command2(controls::button(this, "Command2", QStringLiteral("取消"), QRect(434, 384, 90, 30))),
       Command3(controls::button(this, "Command3", QStringLiteral("清空"), QRect(16, 384, 90, 30))),
-      m_context(context),
       m_history(history)
 {
     setObjectName(QStringLiteral("FormInput"));
@@ -30,9 +29,10 @@ FormInput::FormInput(AppContext& context, DrawHistory& history, QWidget* parent)
     Text1->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     Text1->setLineWrapMode(QPlainTextEdit::NoWrap);
 
-    connect(Command1, &QPushButton::clicked, this, [this] { m_context.runEvent([&] { Command1_Click(); }); });
-    connect(Command2, &QPushButton::clicked, this, [this] { m_context.runEvent([&] { Command2_Click(); }); });
-    connect(Command3, &QPushButton::clicked, this, [this] { m_context.runEvent([&] { Command3_Click(); }); });
+    onClick(Command1, [this] { Command1_Click(); });
+    onClick(Command2, [this] { Command2_Click(); });
+    onClick(Command3, [this] { Command3_Click(); });
+    setEscapeButton(Command2);
 }
 
 QString FormInput::text() const

@@ -3,15 +3,14 @@
 // "导入福彩开奖历史": many draws at once, pasted as lines of text and handed to
 // the shared insert path.
 
-#include <QDialog>
+#include "windowkit/modalwindow.h"
 
-class AppContext;
 class DrawHistory;
 class QLabel;
 class QPlainTextEdit;
 class QPushButton;
 
-class FormInput : public QDialog {
+class FormInput : public ModalWindow {
     Q_OBJECT
 
 public:
@@ -33,6 +32,5 @@ public:
     QPushButton* Command3;
 
 private:
-    AppContext& m_context;
     DrawHistory& m_history;
 };

@@ -1,7 +1,7 @@
 #include "settings/form6qiu.h"
 
-#include "app/appcontext.h"
 #include "settings/rangetexts.h"
+#include "windowkit/appcontext.h"
 
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -13,11 +13,10 @@ constexpr int windowHeight = 200;
 
 } // namespace
 
-Form6Qiu::Form6Qiu(AppContext& context, QWidget* parent) : QDialog(parent), m_context(context)
+Form6Qiu::Form6Qiu(AppContext& context, QWidget* parent) : ModalWindow(context, parent)
 {
     setObjectName(QStringLiteral("Form6Qiu"));
     setWindowTitle(QStringLiteral("目前6个球设置的范围"));
-    setWindowFlag(Qt::WindowContextHelpButtonHint, false);
     setFixedSize(windowWidth, windowHeight);
 
     Text1 = new QPlainTextEdit(this);
@@ -29,7 +28,8 @@ Form6Qiu::Form6Qiu(AppContext& context, QWidget* parent) : QDialog(parent), m_co
     Command1->setObjectName(QStringLiteral("Command1"));
     Command1->setDefault(true);
     Command1->setGeometry((windowWidth - 90) / 2, windowHeight - 12 - 28, 90, 28);
-    connect(Command1, &QPushButton::clicked, this, [this] { m_context.runEvent([&] { Command1_Click(); }); });
+    onClick(Command1, [this] { Command1_Click(); });
+    setEscapeButton(Command1); // it only closes the window
 
     m_context.runEvent([&] { Form_Load(); });
 }

@@ -3,13 +3,12 @@
 // "目前6个球设置的范围": the six ball ranges as they stand in memory, also
 // those not yet stored.
 
-#include <QDialog>
+#include "windowkit/modalwindow.h"
 
-class AppContext;
 class QPlainTextEdit;
 class QPushButton;
 
-class Form6Qiu : public QDialog {
+class Form6Qiu : public ModalWindow {
     Q_OBJECT
 
 public:
@@ -22,6 +21,4 @@ public:
     QPlainTextEdit* Text1;
     QPushButton* Command1; // "确定"
 
-private:
-    AppContext& m_context;
 };

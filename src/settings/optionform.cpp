@@ -1,9 +1,10 @@
 #include "settings/optionform.h"
 
-#include "app/appcontext.h"
 #include "platform/textrules.h"
 #include "settings/rangetexts.h"
 #include "statistics/chartcommands.h"
+#include "windowkit/appcontext.h"
+#include "windowkit/controls.h"
 
 #include <QComboBox>
 #include <QLabel>
@@ -25,25 +26,15 @@ const QString ballGap = QStringLiteral("              "); // the room for Combo1
 } // namespace
 
 OptionForm::OptionForm(AppContext& context, DrawHistory& history, QWidget* parent)
-    : QDialog(parent), m_context(context), m_history(history)
+    : ModalWindow(context, parent), m_history(history)
 {
     setObjectName(QStringLiteral("OptionForm"));
     setWindowTitle(QStringLiteral("设置"));
-    setWindowFlag(Qt::WindowContextHelpButtonHint, false);
     setFixedSize(windowWidth, windowHeight);
 
-    Label2 = new QLabel(ballPrefix + ballGap + QStringLiteral("的取值范围"), this);
-    Label2->setObjectName(QStringLiteral("Label2"));
-    // The caption is set in a face whose blank is half a character wide, as
-    // 宋体's is, so that its blanks leave room for the list.
-    QFont halfWidthBlanks = Label2->font();
-    halfWidthBlanks.setFamilies({QStringLiteral("宋体"), QStringLiteral("SimSun"), QStringLiteral("NSimSun"),
-                                 QStringLiteral("Noto Sans Mono CJK SC"), QStringLiteral("monospace")});
-    Label2->setFont(halfWidthBlanks);
-    const QFontMetrics captionMetrics(halfWidthBlanks);
-    const int captionWidth = captionMetrics.horizontalAdvance(Label2->text()) + 4;
-    const int captionLeft = (windowWidth - captionWidth) / 2;
-    Label2->setGeometry(captionLeft, 22, captionWidth, rowHeight);
+    Label2 = controls::label(this, "Label2", ballPrefix + ballGap + QStringLiteral("的取值范围"));
+    controls::fitGapCaption(Label2, QPoint(0, 22), rowHeight);
+    Label2->move((windowWidth - Label2->width()) / 2, 22);
 
     Combo1 = new QComboBox(this);
     Combo1->setObjectName(QStringLiteral("Combo1"));
@@ -51,10 +42,9 @@ OptionForm::OptionForm(AppContext& context, DrawHistory& history, QWidget* paren
     for (int ball = 1; ball <= 8; ++ball)
         Combo1->addItem(textrules::decimal(ball));
     // The list stands in the middle of the blanks, never wider than they are.
-    const int gapLeft = captionLeft + captionMetrics.horizontalAdvance(ballPrefix);
-    const int gapWidth = captionMetrics.horizontalAdvance(ballPrefix + ballGap) - captionMetrics.horizontalAdvance(ballPrefix);
-    const int listWidth = std::min(ballListWidth, gapWidth - 8);
-    Combo1->setGeometry(gapLeft + (gapWidth - listWidth) / 2, 22, listWidth, rowHeight);
+    const QRect gap = controls::captionGap(Label2);
+    const int listWidth = std::min(ballListWidth, gap.width() - 8);
+    Combo1->setGeometry(gap.left() + (gap.width() - listWidth) / 2, 22, listWidth, rowHeight);
 
     Label1 = new QLabel(this);
     Label1->setObjectName(QStringLiteral("Label1"));
@@ -79,8 +69,9 @@ OptionForm::OptionForm(AppContext& context, DrawHistory& history, QWidget* paren
 
     connect(Combo1, &QComboBox::currentIndexChanged, this,
             [this] { m_context.runEvent([&] { Combo1_Click(); }); });
-    connect(Command3, &QPushButton::clicked, this, [this] { m_context.runEvent([&] { Command3_Click(); }); });
-    connect(Command1, &QPushButton::clicked, this, [this] { m_context.runEvent([&] { Command1_Click(); }); });
+    onClick(Command3, [this] { Command3_Click(); });
+    onClick(Command1, [this] { Command1_Click(); });
+    setEscapeButton(Command1);
 
     m_context.runEvent([&] { Form_Load(); });
 }

@@ -4,15 +4,14 @@
 // through the frequency chart of that ball and its panel. It shows the range
 // of the ball chosen as it stands in memory.
 
-#include <QDialog>
+#include "windowkit/modalwindow.h"
 
-class AppContext;
 class DrawHistory;
 class QComboBox;
 class QLabel;
 class QPushButton;
 
-class OptionForm : public QDialog {
+class OptionForm : public ModalWindow {
     Q_OBJECT
 
 public:
@@ -38,6 +37,5 @@ public:
     QPushButton* Command1;
 
 private:
-    AppContext& m_context;
     DrawHistory& m_history;
 };

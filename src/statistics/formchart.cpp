@@ -1,10 +1,10 @@
 #include "statistics/formchart.h"
 
-#include "app/appcontext.h"
-#include "app/controls.h"
-#include "app/programstyle.h"
 #include "platform/textrules.h"
 #include "statistics/ballpanel.h"
+#include "windowkit/appcontext.h"
+#include "windowkit/controls.h"
+#include "windowkit/programstyle.h"
 
 #include <QBarCategoryAxis>
 #include <QBarSeries>
@@ -61,11 +61,10 @@ qint64 roundStep(double top)
 
 } // namespace
 
-FormChart::FormChart(AppContext& context, QWidget* parent) : QDialog(parent), m_context(context)
+FormChart::FormChart(AppContext& context, QWidget* parent) : ModalWindow(context, parent)
 {
     setObjectName(QStringLiteral("FormChart"));
     setWindowTitle(QStringLiteral("Form2")); // every caller gives its own caption
-    setWindowFlag(Qt::WindowContextHelpButtonHint, false);
     setFixedSize(windowWidth, windowHeight);
 
     MSChart1 = new QChartView(this);
@@ -78,7 +77,8 @@ FormChart::FormChart(AppContext& context, QWidget* parent) : QDialog(parent), m_
     Command1 = new QPushButton(QStringLiteral("确定"), this);
     Command1->setObjectName(QStringLiteral("Command1"));
     Command1->setDefault(true);
-    connect(Command1, &QPushButton::clicked, this, [this] { m_context.runEvent([&] { Command1_Click(); }); });
+    // "确定" saves the panel's choice: it is no cancel button, so Escape does nothing here.
+    onClick(Command1, [this] { Command1_Click(); });
 
     placeControls();
     drawChart();
@@ -147,7 +147,7 @@ void FormChart::placeControls()
 void FormChart::showEvent(QShowEvent* event)
 {
     placeControls();
-    QDialog::showEvent(event);
+    ModalWindow::showEvent(event);
 }
 
 void FormChart::setChartTable(const ChartTable& table)

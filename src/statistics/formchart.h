@@ -8,9 +8,8 @@
 
 #include "statistics/charttable.h"
 
-#include <QDialog>
+#include "windowkit/modalwindow.h"
 
-class AppContext;
 class QBarCategoryAxis;
 class QBarSeries;
 class QChartView;
@@ -21,7 +20,7 @@ class QLineEdit;
 class QPushButton;
 class QValueAxis;
 
-class FormChart : public QDialog {
+class FormChart : public ModalWindow {
     Q_OBJECT
 
 public:
@@ -64,7 +63,6 @@ private:
     void drawChart();
     void placeControls();
 
-    AppContext& m_context;
     ChartTable m_table;
     QBarSeries* m_series = nullptr;
     QBarCategoryAxis* m_categories = nullptr;

@@ -1,9 +1,9 @@
 #include "app/logo.h"
-#include "forecast/forecastnormal.h"
 #include "app/mainform.h"
-#include "app/programstyle.h"
+#include "forecast/forecastnormal.h"
 #include "settings/ballranges.h"
 #include "testapp.h"
+#include "windowkit/programstyle.h"
 
 #include <QAction>
 #include <QComboBox>

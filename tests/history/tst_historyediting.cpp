@@ -1,8 +1,8 @@
 #include "app/mainform.h"
-#include "app/programstyle.h"
 #include "history/formadd.h"
 #include "history/forminput.h"
 #include "testapp.h"
+#include "windowkit/programstyle.h"
 
 #include <QAction>
 #include <QLabel>

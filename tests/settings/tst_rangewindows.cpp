@@ -1,9 +1,9 @@
 #include "app/mainform.h"
-#include "app/programstyle.h"
 #include "settings/form6qiu.h"
 #include "settings/optionform.h"
 #include "statistics/formchart.h"
 #include "testapp.h"
+#include "windowkit/programstyle.h"
 
 #include <QComboBox>
 #include <QLabel>

@@ -1,7 +1,7 @@
 #include "app/mainform.h"
-#include "app/programstyle.h"
 #include "statistics/formchart.h"
 #include "testapp.h"
+#include "windowkit/programstyle.h"
 
 #include <QAction>
 #include <QBarCategoryAxis>

@@ -4,10 +4,10 @@
 // program folder and a settings store inside it. Nothing touches the real
 // program folder, the user's settings or the network.
 
-#include "app/appcontext.h"
 #include "app/mainform.h"
 #include "fakes.h"
 #include "settings/settingsstore.h"
+#include "windowkit/appcontext.h"
 
 #include <QApplication>
 #include <QByteArray>

@@ -1,4 +1,4 @@
-#include "app/programstyle.h"
+#include "windowkit/programstyle.h"
 
 #include <QApplication>
 

@@ -1,4 +1,4 @@
-#include "app/desktopservices.h"
+#include "windowkit/desktopservices.h"
 
 #include "platform/appinfo.h"
 

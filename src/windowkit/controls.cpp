@@ -1,7 +1,8 @@
-#include "app/controls.h"
+#include "windowkit/controls.h"
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QFontMetrics>
 #include <QLabel>
 #include <QPushButton>
 
@@ -42,6 +43,28 @@ QComboBox* pickList(QWidget* parent, const char* name, const QStringList& entrie
 QCheckBox* tick(QWidget* parent, const char* name, const QString& text, const QRect& geometry)
 {
     return placed(new QCheckBox(text, parent), name, geometry);
+}
+
+void fitGapCaption(QLabel* label, const QPoint& topLeft, int height)
+{
+    QFont face = label->font();
+    face.setFamilies({QStringLiteral("宋体"), QStringLiteral("SimSun"), QStringLiteral("NSimSun"),
+                      QStringLiteral("Noto Sans Mono CJK SC"), QStringLiteral("monospace")});
+    label->setFont(face);
+    label->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    label->setGeometry(QRect(topLeft, QSize(QFontMetrics(face).horizontalAdvance(label->text()) + 4, height)));
+}
+
+QRect captionGap(const QLabel* label)
+{
+    const QString caption = label->text();
+    const qsizetype gapStart = caption.indexOf(QLatin1Char(' '));
+    const qsizetype gapEnd = caption.lastIndexOf(QLatin1Char(' ')) + 1;
+    const QFontMetrics metrics(label->font());
+    const int lead = metrics.horizontalAdvance(caption.left(gapStart));
+    const int gap = metrics.horizontalAdvance(caption.mid(gapStart, gapEnd - gapStart));
+    const QRect place = label->geometry();
+    return QRect(place.left() + lead, place.top(), gap, place.height());
 }
 
 } // namespace controls
