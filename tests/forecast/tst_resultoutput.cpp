@@ -15,7 +15,7 @@ private slots:
     void copyAll();
     void exportReplacesAnOlderDocumentAndOpensIt_data();
     void exportReplacesAnOlderDocumentAndOpensIt();
-    void exportIntoAFolderThatCantBeWrittenDoesNothing();
+    void exportIntoAFolderThatCantBeWrittenOpensTheDocumentAllTheSame();
 };
 
 void ResultOutputTest::copyAll_data()
@@ -72,14 +72,18 @@ void ResultOutputTest::exportReplacesAnOlderDocumentAndOpensIt()
     QVERIFY(document.endsWith("\\f0 " + body + "}\r\n"));
 }
 
-void ResultOutputTest::exportIntoAFolderThatCantBeWrittenDoesNothing()
+void ResultOutputTest::exportIntoAFolderThatCantBeWrittenOpensTheDocumentAllTheSame()
 {
     QTemporaryDir folder;
     const QString missing = QDir(folder.path()).filePath(QStringLiteral("gone"));
     FakeLauncher launcher;
     resultoutput::exportToWord(launcher, missing, QStringLiteral("08 09 17 25 27 32"));
-    QVERIFY(launcher.documents.isEmpty());
     QVERIFY(!QFile::exists(QDir(missing).filePath(QStringLiteral("PrintTemp.doc"))));
+    QCOMPARE(launcher.documents.size(), 1);
+    QFile opened(launcher.documents[0]);
+    QVERIFY(opened.open(QIODevice::ReadOnly));
+    QCOMPARE(opened.readAll(), resultoutput::printDocument(QStringLiteral("08 09 17 25 27 32")));
+    opened.remove();
 }
 
 QTEST_GUILESS_MAIN(ResultOutputTest)
