@@ -5,6 +5,7 @@
 #include "settings/settingsstore.h"
 #include "windowkit/desktopservices.h"
 #include "windowkit/programstyle.h"
+#include "windowkit/toolkitchinese.h"
 
 #include <QApplication>
 #include <QDir>
@@ -17,6 +18,7 @@ int main(int argc, char* argv[])
     QApplication::setApplicationVersion(
         QStringLiteral("%1.%2.%3").arg(appinfo::major).arg(appinfo::minor).arg(appinfo::revision));
     programstyle::applyTo(application);
+    toolkitchinese::load(application);
 
     const QString settingsFolder =
         QDir(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation)).filePath(appinfo::exeName());
