@@ -59,6 +59,7 @@ private slots:
     void inPlaceEditingIsRefused();
     void rightClickShowsTheListMenuEvenWhenEmpty();
     void windowKeepsItsDesignedSize();
+    void windowIsCentredWithEveryPanelInside();
     void hiddenEntriesStayHidden();
     void browserAndMailEntries();
     void forecastEntryOpensItsWindowModally();
@@ -309,6 +310,23 @@ void MainFormTest::windowKeepsItsDesignedSize()
     form.showMinimized();
     form.showNormal();
     QTRY_COMPARE(form.size(), designed);
+}
+
+void MainFormTest::windowIsCentredWithEveryPanelInside()
+{
+    StartedMainForm started;
+    MainForm& form = started.form;
+    QVERIFY(QTest::qWaitForWindowExposed(&form));
+    const QPoint offCentre = form.frameGeometry().center() - form.screen()->availableGeometry().center();
+    QVERIFY2(offCentre.manhattanLength() <= 1, qPrintable(QStringLiteral("%1,%2").arg(offCentre.x()).arg(offCentre.y())));
+    for (int panel = 1; panel <= 4; ++panel) {
+        const QLabel* label = form.StatusBar1Panel(panel);
+        const QRect inWindow(label->mapTo(&form, QPoint()), label->size());
+        // Its border line stands inside the window's, apart from it.
+        QVERIFY2(form.rect().marginsRemoved(QMargins(1, 0, 1, 0)).contains(inWindow),
+                 qPrintable(QStringLiteral("panel %1 at %2..%3 of %4").arg(panel).arg(inWindow.left())
+                                .arg(inWindow.right()).arg(form.width())));
+    }
 }
 
 void MainFormTest::hiddenEntriesStayHidden()
