@@ -1,6 +1,7 @@
 #include "windowkit/appcontext.h"
 #include "app/mainform.h"
 #include "platform/appinfo.h"
+#include "platform/programfolder.h"
 #include "platform/systemservices.h"
 #include "settings/settingsstore.h"
 #include "windowkit/desktopservices.h"
@@ -31,7 +32,9 @@ int main(int argc, char* argv[])
     SystemClock clock;
     SystemProcessControl process;
 
-    AppContext context(QCoreApplication::applicationDirPath(), settings, messages, clipboard, launcher, fileDialogs,
+    const QString programFolder = programfolder::choose(
+        QCoreApplication::applicationDirPath(), QStandardPaths::writableLocation(QStandardPaths::AppDataLocation));
+    AppContext context(programFolder, settings, messages, clipboard, launcher, fileDialogs,
                        random, clock, process, SiteAddresses());
 
     MainForm mainForm(context);
