@@ -3,7 +3,9 @@
 #include "forecast/forecastnormal.h"
 #include "settings/ballranges.h"
 #include "testapp.h"
+#include "windowkit/desktopservices.h"
 #include "windowkit/programstyle.h"
+#include "windowkit/toolkitchinese.h"
 
 #include <QAction>
 #include <QComboBox>
@@ -13,6 +15,7 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QMenu>
+#include <QMessageBox>
 #include <QStatusBar>
 #include <QTimer>
 #include <QTreeView>
@@ -59,7 +62,7 @@ private slots:
     void inPlaceEditingIsRefused();
     void rightClickShowsTheListMenuEvenWhenEmpty();
     void windowKeepsItsDesignedSize();
-    void windowIsCentredWithEveryPanelInside();
+    void standardButtonsSpeakChinese();
     void hiddenEntriesStayHidden();
     void browserAndMailEntries();
     void forecastEntryOpensItsWindowModally();
@@ -312,21 +315,21 @@ void MainFormTest::windowKeepsItsDesignedSize()
     QTRY_COMPARE(form.size(), designed);
 }
 
-void MainFormTest::windowIsCentredWithEveryPanelInside()
+void MainFormTest::standardButtonsSpeakChinese()
 {
-    StartedMainForm started;
-    MainForm& form = started.form;
-    QVERIFY(QTest::qWaitForWindowExposed(&form));
-    const QPoint offCentre = form.frameGeometry().center() - form.screen()->availableGeometry().center();
-    QVERIFY2(offCentre.manhattanLength() <= 1, qPrintable(QStringLiteral("%1,%2").arg(offCentre.x()).arg(offCentre.y())));
-    for (int panel = 1; panel <= 4; ++panel) {
-        const QLabel* label = form.StatusBar1Panel(panel);
-        const QRect inWindow(label->mapTo(&form, QPoint()), label->size());
-        // Its border line stands inside the window's, apart from it.
-        QVERIFY2(form.rect().marginsRemoved(QMargins(1, 0, 1, 0)).contains(inWindow),
-                 qPrintable(QStringLiteral("panel %1 at %2..%3 of %4").arg(panel).arg(inWindow.left())
-                                .arg(inWindow.right()).arg(form.width())));
-    }
+    QtMessageService messages;
+    QStringList captions;
+    whenWindowShown<QMessageBox>([&](QMessageBox* box) {
+        captions << box->button(QMessageBox::Yes)->text() << box->button(QMessageBox::No)->text();
+        box->button(QMessageBox::No)->click();
+    });
+    QVERIFY(!messages.askYesNo(QStringLiteral("清空列表？")));
+    whenWindowShown<QMessageBox>([&](QMessageBox* box) {
+        captions << box->button(QMessageBox::Ok)->text();
+        box->button(QMessageBox::Ok)->click();
+    });
+    messages.show(MessageIcon::Critical, QStringLiteral("信息不完整。"));
+    QCOMPARE(captions, (QStringList{"是(&Y)", "否(&N)", "确定"}));
 }
 
 void MainFormTest::hiddenEntriesStayHidden()
@@ -389,6 +392,7 @@ int main(int argc, char* argv[])
 {
     QApplication application(argc, argv);
     programstyle::applyTo(application);
+    toolkitchinese::load(application);
     MainFormTest test;
     return QTest::qExec(&test, argc, argv);
 }
