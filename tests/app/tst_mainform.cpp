@@ -302,6 +302,8 @@ void MainFormTest::windowKeepsItsDesignedSize()
     StartedMainForm started;
     MainForm& form = started.form;
     QVERIFY(QTest::qWaitForWindowExposed(&form));
+    QCOMPARE(form.frameGeometry().center(), form.screen()->availableGeometry().center());
+    QVERIFY(form.StatusBar1Panel(4)->geometry().right() < form.statusBar()->width() - 1); // apart from the edge
     const QSize designed = form.size();
     QCOMPARE(designed.width(), 722);
     QCOMPARE(form.centralWidget()->height() + form.statusBar()->height(), 525);
