@@ -2,7 +2,10 @@
 // order: the frequency of each ball, the differences and means of each pair
 // of neighbouring reds, the even counts and the mean of the seven balls, each
 // with its scratch column and the sort it leaves behind. Prints each one's
-// median as "name: value", then the slowest as chart_table_3500_ms.
+// median as "name: value", then the slowest as chart_table_3500_ms. Then the
+// frequency of ball 1 over the same history with one mistyped cell: one of
+// "99999999", whose span no chart can hold (huge_cell_3500_ms), and one of
+// "32767", the widest span a chart holds (widest_chart_3500_ms).
 
 #include "history/drawhistory.h"
 #include "history/numbercolumns.h"
@@ -19,6 +22,7 @@
 #include <cstdio>
 #include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -80,5 +84,21 @@ int main()
         std::printf("%s_3500_ms: %.2f\n", statistic.name.c_str(), ms);
     }
     std::printf("chart_table_3500_ms: %.2f\n", slowest);
+
+    const std::pair<const char*, const char*> mistyped[] = {{"huge_cell", "99999999"}, {"widest_chart", "32767"}};
+    for (const auto& [name, cell] : mistyped) {
+        std::vector<double> times;
+        qint32 rowCount = 0;
+        for (int run = 0; run < runs; ++run) {
+            DrawHistory history;
+            fill(history, groups);
+            history.setSubItem(0, 2, QString::fromLatin1(cell));
+            QElapsedTimer timer;
+            timer.start();
+            rowCount = perball::frequency(history, 1).table.RowCount();
+            times.push_back(double(timer.nsecsElapsed()) / 1e6);
+        }
+        std::printf("%s_3500_ms: %.2f (%d chart rows)\n", name, benchsupport::median(times), int(rowCount));
+    }
     return 0;
 }

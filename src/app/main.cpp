@@ -1,10 +1,12 @@
 #include "windowkit/appcontext.h"
 #include "app/mainform.h"
 #include "platform/appinfo.h"
+#include "platform/programfolder.h"
 #include "platform/systemservices.h"
 #include "settings/settingsstore.h"
 #include "windowkit/desktopservices.h"
 #include "windowkit/programstyle.h"
+#include "windowkit/toolkitchinese.h"
 
 #include <QApplication>
 #include <QDir>
@@ -17,6 +19,7 @@ int main(int argc, char* argv[])
     QApplication::setApplicationVersion(
         QStringLiteral("%1.%2.%3").arg(appinfo::major).arg(appinfo::minor).arg(appinfo::revision));
     programstyle::applyTo(application);
+    toolkitchinese::load(application);
 
     const QString settingsFolder =
         QDir(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation)).filePath(appinfo::exeName());
@@ -29,7 +32,9 @@ int main(int argc, char* argv[])
     SystemClock clock;
     SystemProcessControl process;
 
-    AppContext context(QCoreApplication::applicationDirPath(), settings, messages, clipboard, launcher, fileDialogs,
+    const QString programFolder = programfolder::choose(
+        QCoreApplication::applicationDirPath(), QStandardPaths::writableLocation(QStandardPaths::AppDataLocation));
+    AppContext context(programFolder, settings, messages, clipboard, launcher, fileDialogs,
                        random, clock, process, SiteAddresses());
 
     MainForm mainForm(context);

@@ -16,6 +16,7 @@
 #include "statistics/sevenball.h"
 #include "windowkit/appcontext.h"
 #include "windowkit/controls.h"
+#include "windowkit/screencentre.h"
 #include "windowkit/twips.h"
 
 #include <QCloseEvent>
@@ -45,6 +46,7 @@ MainForm::MainForm(AppContext& context, QWidget* parent)
     const QSize client = twips::size(10830, 7875);
     centralWidget()->setFixedSize(client.width(), client.height() - statusBar()->sizeHint().height());
     setFixedSize(client.width(), menuBar()->sizeHint().height() + client.height());
+    screencentre::onFirstShow(this);
 }
 
 Logo* MainForm::logo() const
@@ -135,6 +137,10 @@ void MainForm::buildControls()
     QStatusBar* bar = statusBar();
     bar->setObjectName(QStringLiteral("StatusBar1"));
     bar->setSizeGripEnabled(false);
+    // Without the grip nothing stands right of the last panel: a margin keeps
+    // it inside the window, as far from the right edge as the first panel
+    // stands from the left one.
+    bar->setContentsMargins(0, 0, 2, 0);
     for (size_t i = 0; i < m_panels.size(); ++i) {
         auto* panel = new QLabel(bar);
         panel->setObjectName(QStringLiteral("Panel%1").arg(i + 1));

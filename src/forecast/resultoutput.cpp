@@ -5,6 +5,7 @@
 
 #include <QDir>
 #include <QSaveFile>
+#include <QTemporaryFile>
 
 namespace resultoutput {
 
@@ -59,22 +60,26 @@ QString documentPath(const QString& programFolder)
 
 void exportToWord(DesktopLauncher& launcher, const QString& programFolder, const QString& boxText)
 {
-    const QString path = documentPath(programFolder);
+    const QByteArray document = printDocument(boxText);
     // Each step that fails is passed over in silence; what it leaves behind:
-    // - the document can't be made in the folder: an older "PrintTemp.doc"
-    //   stays as it was, and nothing is opened, since opening would show the
-    //   older results as if they were these;
-    // - the document can't be written whole: the same, the half-written copy
-    //   is thrown away and the older document stays;
-    // - the default application doesn't start: the new document stays in
-    //   the folder, and the user is not told.
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly))
+    // - the document can't be made or written whole in the program folder:
+    //   an older "PrintTemp.doc" stays as it was (a half-written copy is
+    //   thrown away), and the new document opens all the same, unsaved as it
+    //   were, from a file of its own in the temporary folder;
+    // - not even that file can be written: nothing opens;
+    // - the default application doesn't start: the document stays where it
+    //   was written, and the user is not told.
+    QSaveFile saved(documentPath(programFolder));
+    if (saved.open(QIODevice::WriteOnly) && saved.write(document) == document.size() && saved.commit()) {
+        launcher.openDocument(saved.fileName());
         return;
-    file.write(printDocument(boxText));
-    if (!file.commit())
+    }
+    QTemporaryFile unsaved(QDir(QDir::tempPath()).filePath(QStringLiteral("PrintTemp-XXXXXX.doc")));
+    unsaved.setAutoRemove(false); // the word processor reads it after this routine has ended
+    if (!unsaved.open() || unsaved.write(document) != document.size() || !unsaved.flush())
         return;
-    launcher.openDocument(path);
+    unsaved.close();
+    launcher.openDocument(unsaved.fileName());
 }
 
 } // namespace resultoutput

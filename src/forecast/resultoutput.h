@@ -27,8 +27,9 @@ QByteArray printDocument(const QString& boxText);
 QString documentPath(const QString& programFolder);
 
 // Writes the document over any older one and opens it with the user's
-// default application. Nothing is reported: a document that can't be written
-// is not opened, and the command then does nothing the user can see.
+// default application. Nothing is reported. When the program folder can't
+// take it, the document opens all the same from the temporary folder, under
+// a name of its own, and an older "PrintTemp.doc" stays as it was.
 void exportToWord(DesktopLauncher& launcher, const QString& programFolder, const QString& boxText);
 
 } // namespace resultoutput

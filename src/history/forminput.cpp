@@ -26,8 +26,12 @@ FormInput::FormInput(AppContext& context, DrawHistory& history, QWidget* parent)
     Label3->setStyleSheet(QStringLiteral("color: #0000C0;"));
     Text1->setObjectName(QStringLiteral("Text1"));
     Text1->setGeometry(16, 82, 508, 286);
+    // A vertical scroll bar only: long lines wrap at the box's edge, also
+    // where they have no blank, and stay one line each for the import.
     Text1->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
-    Text1->setLineWrapMode(QPlainTextEdit::NoWrap);
+    Text1->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    Text1->setLineWrapMode(QPlainTextEdit::WidgetWidth);
+    Text1->setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
 
     onClick(Command1, [this] { Command1_Click(); });
     onClick(Command2, [this] { Command2_Click(); });

@@ -5,6 +5,8 @@ QString RuntimeError::description() const
     switch (m_code) {
     case Overflow:
         return QStringLiteral("溢出");
+    case OutOfMemory:
+        return QStringLiteral("内存不足");
     case SubscriptOutOfRange:
         return QStringLiteral("下标越界");
     case TypeMismatch:
@@ -20,6 +22,8 @@ const char* RuntimeError::what() const noexcept
     switch (m_code) {
     case Overflow:
         return "overflow";
+    case OutOfMemory:
+        return "out of memory";
     case SubscriptOutOfRange:
         return "subscript out of range";
     case TypeMismatch:

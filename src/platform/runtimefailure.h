@@ -10,6 +10,7 @@
 #include <QString>
 
 #include <exception>
+#include <new>
 #include <utility>
 
 class RuntimeError : public std::exception {
@@ -17,6 +18,7 @@ public:
     // The runtime's own error numbers, which the report shows.
     enum Code {
         Overflow = 6,
+        OutOfMemory = 7,
         SubscriptOutOfRange = 9,
         TypeMismatch = 13,
         IndexOutOfBounds = 35600,
@@ -46,5 +48,9 @@ void runEventRoutine(MessageService& messages, ProcessControl& process, Routine&
         std::forward<Routine>(routine)();
     } catch (const RuntimeError& error) {
         endWithRuntimeFailure(messages, process, error);
+    } catch (const std::bad_alloc&) {
+        // An allocation that fails anywhere below is the runtime's "out of
+        // memory", reported like every other unhandled failure.
+        endWithRuntimeFailure(messages, process, RuntimeError(RuntimeError::OutOfMemory));
     }
 }

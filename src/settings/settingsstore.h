@@ -18,6 +18,9 @@ public:
 // The store as an INI file named after the application, in a folder the
 // program is given (the user's configuration folder when it runs for real).
 // Each write reaches the disk at once: the process may end without warning.
+// Section and key names stand in the file as UTF-8 text, so that a person
+// can read and edit it; a file whose names are Qt's escapes ("%U8BBE")
+// reads all the same.
 class IniSettingsStore final : public SettingsStore {
 public:
     IniSettingsStore(const QString& folder, const QString& application);
@@ -29,5 +32,7 @@ public:
     QString filePath() const;
 
 private:
+    void writeNamesAsText();
+
     QSettings* m_settings;
 };

@@ -10,6 +10,12 @@ namespace {
 
 constexpr int descending = 1;
 
+// The chart holds at most 32,767 rows, its row count being a 16-bit value. A
+// wider span, such as that of a mistyped cell of "99999999", fails the
+// statement that sets the row count; the routine passes over it, and the
+// chart and the lists of values stay empty. Such a span is never walked.
+constexpr qint64 maxChartRows = 32767;
+
 } // namespace
 
 ColumnChart FillChartFromColumn(DrawHistory& history, int K)
@@ -34,6 +40,8 @@ ColumnChart FillChartFromColumn(DrawHistory& history, int K)
     const qint64 rowCount = qint64(High) - qint64(Low) + 1;
     if (rowCount < 1)
         return result; // no row count can be set and no value lies between the ends
+    if (rowCount > maxChartRows)
+        return result; // setting the row count fails: the chart and the value lists stay empty
 
     // Each cell is read once. Cells that are whole numbers between Low and
     // High go to their value's count; other numbers match no value; a cell

@@ -22,5 +22,6 @@ class DrawHistory;
 //    taken as a match, and each row of the table counts it once more;
 //  - an empty history leaves High and Low at 0: one row labelled 0 into
 //    which nothing is written.
-// When High lies below Low the table has no rows at all.
+// When High lies below Low the table has no rows at all, and so when the
+// span from Low to High is wider than the 32,767 rows a chart can hold.
 ColumnChart FillChartFromColumn(DrawHistory& history, int K);

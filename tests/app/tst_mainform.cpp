@@ -3,7 +3,9 @@
 #include "forecast/forecastnormal.h"
 #include "settings/ballranges.h"
 #include "testapp.h"
+#include "windowkit/desktopservices.h"
 #include "windowkit/programstyle.h"
+#include "windowkit/toolkitchinese.h"
 
 #include <QAction>
 #include <QComboBox>
@@ -13,6 +15,7 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QMenu>
+#include <QMessageBox>
 #include <QStatusBar>
 #include <QTimer>
 #include <QTreeView>
@@ -59,6 +62,7 @@ private slots:
     void inPlaceEditingIsRefused();
     void rightClickShowsTheListMenuEvenWhenEmpty();
     void windowKeepsItsDesignedSize();
+    void standardButtonsSpeakChinese();
     void hiddenEntriesStayHidden();
     void browserAndMailEntries();
     void forecastEntryOpensItsWindowModally();
@@ -298,6 +302,8 @@ void MainFormTest::windowKeepsItsDesignedSize()
     StartedMainForm started;
     MainForm& form = started.form;
     QVERIFY(QTest::qWaitForWindowExposed(&form));
+    QCOMPARE(form.frameGeometry().center(), form.screen()->availableGeometry().center());
+    QVERIFY(form.StatusBar1Panel(4)->geometry().right() < form.statusBar()->width() - 1); // apart from the edge
     const QSize designed = form.size();
     QCOMPARE(designed.width(), 722);
     QCOMPARE(form.centralWidget()->height() + form.statusBar()->height(), 525);
@@ -309,6 +315,23 @@ void MainFormTest::windowKeepsItsDesignedSize()
     form.showMinimized();
     form.showNormal();
     QTRY_COMPARE(form.size(), designed);
+}
+
+void MainFormTest::standardButtonsSpeakChinese()
+{
+    QtMessageService messages;
+    QStringList captions;
+    whenWindowShown<QMessageBox>([&](QMessageBox* box) {
+        captions << box->button(QMessageBox::Yes)->text() << box->button(QMessageBox::No)->text();
+        box->button(QMessageBox::No)->click();
+    });
+    QVERIFY(!messages.askYesNo(QStringLiteral("清空列表？")));
+    whenWindowShown<QMessageBox>([&](QMessageBox* box) {
+        captions << box->button(QMessageBox::Ok)->text();
+        box->button(QMessageBox::Ok)->click();
+    });
+    messages.show(MessageIcon::Critical, QStringLiteral("信息不完整。"));
+    QCOMPARE(captions, (QStringList{"是(&Y)", "否(&N)", "确定"}));
 }
 
 void MainFormTest::hiddenEntriesStayHidden()
@@ -371,6 +394,7 @@ int main(int argc, char* argv[])
 {
     QApplication application(argc, argv);
     programstyle::applyTo(application);
+    toolkitchinese::load(application);
     MainFormTest test;
     return QTest::qExec(&test, argc, argv);
 }

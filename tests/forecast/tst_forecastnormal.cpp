@@ -69,6 +69,7 @@ private slots:
     void singleGroupsPileUpAtTheEndAndABatchReplaces();
     void highestCountRunsWithItsNoticeShownAndItsButtonBlocked();
     void resultButtonsWorkOnTheBox();
+    void escapeKeepsABatchAndExportOpensItWhereverItCan();
     void countIsStoredAtUnloadAndTicksStartEmpty();
 };
 
@@ -178,6 +179,26 @@ void ForecastNormalTest::resultButtonsWorkOnTheBox()
     QCOMPARE(file.readAll(), resultoutput::printDocument(joined));
     click(w.form->Command2);
     QCOMPARE(w.box(), QString());
+}
+
+void ForecastNormalTest::escapeKeepsABatchAndExportOpensItWhereverItCan()
+{
+    Fixture w;
+    QVERIFY(QTest::qWaitForWindowActive(w.form.get()));
+    w.run(QStringLiteral("3"));
+    const QString results = w.box();
+    QTest::keyClick(w.form->RichTextBox1, Qt::Key_Escape); // the window has no button that closes it
+    QVERIFY(w.form->isVisible());
+    QCOMPARE(w.box(), results);
+    QCOMPARE(results.count(QStringLiteral("\r\n")), 3);
+
+    QVERIFY(QDir(w.app.programFolder()).mkdir(QStringLiteral("PrintTemp.doc"))); // a folder in the document's way
+    click(w.form->Command4);
+    QCOMPARE(w.app.launcher.documents.size(), 1);
+    QFile opened(w.app.launcher.documents[0]);
+    QVERIFY(opened.open(QIODevice::ReadOnly));
+    QCOMPARE(opened.readAll(), resultoutput::printDocument(results));
+    opened.remove();
 }
 
 void ForecastNormalTest::countIsStoredAtUnloadAndTicksStartEmpty()

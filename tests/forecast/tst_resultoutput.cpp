@@ -15,7 +15,6 @@ private slots:
     void copyAll();
     void exportReplacesAnOlderDocumentAndOpensIt_data();
     void exportReplacesAnOlderDocumentAndOpensIt();
-    void exportIntoAFolderThatCantBeWrittenDoesNothing();
 };
 
 void ResultOutputTest::copyAll_data()
@@ -70,16 +69,6 @@ void ResultOutputTest::exportReplacesAnOlderDocumentAndOpensIt()
     QVERIFY2(!QString::fromLatin1(document).contains(QRegularExpression(QStringLiteral("\\\\fs-?\\d"))),
              "no size is set");
     QVERIFY(document.endsWith("\\f0 " + body + "}\r\n"));
-}
-
-void ResultOutputTest::exportIntoAFolderThatCantBeWrittenDoesNothing()
-{
-    QTemporaryDir folder;
-    const QString missing = QDir(folder.path()).filePath(QStringLiteral("gone"));
-    FakeLauncher launcher;
-    resultoutput::exportToWord(launcher, missing, QStringLiteral("08 09 17 25 27 32"));
-    QVERIFY(launcher.documents.isEmpty());
-    QVERIFY(!QFile::exists(QDir(missing).filePath(QStringLiteral("PrintTemp.doc"))));
 }
 
 QTEST_GUILESS_MAIN(ResultOutputTest)

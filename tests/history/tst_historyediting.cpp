@@ -9,6 +9,7 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QSignalSpy>
 #include <QTreeView>
 #include <QtTest>
 
@@ -76,6 +77,7 @@ private slots:
     void modifyToAnExistingIssueKeepsTheOldKey();
     void importAppendsLinesAndCountsThem();
     void importClearAndCancel();
+    void importBoxWrapsAndEscapeCancels();
     void importOfASevenNumberLineEndsTheProgramUnsaved();
 };
 
@@ -246,6 +248,20 @@ void HistoryEditingTest::importClearAndCancel()
     QVERIFY(stayedOpen);
     QCOMPARE(s.form.history().count(), 2);
     QCOMPARE(s.form.history().subItem(0, 2), QStringLiteral("08")); // the pass ran all the same
+}
+
+void HistoryEditingTest::importBoxWrapsAndEscapeCancels()
+{
+    TestApp app;
+    DrawHistory history;
+    FormInput form(app.context, history);
+    form.show();
+    form.Text1->setPlainText(QString(150, QLatin1Char('9'))); // too long for the box, and no blank in it
+    QTRY_VERIFY(form.Text1->document()->lineCount() >= 2);
+    QSignalSpy cancel(form.Command2, &QPushButton::clicked);
+    QTest::keyClick(form.Text1, Qt::Key_Escape);
+    QCOMPARE(cancel.count(), 1);
+    QVERIFY(!form.isVisible());
 }
 
 void HistoryEditingTest::importOfASevenNumberLineEndsTheProgramUnsaved()

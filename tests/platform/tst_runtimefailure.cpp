@@ -9,6 +9,7 @@ class RuntimeFailureTest : public QObject {
 private slots:
     void unhandledFailureReportsAndEnds();
     void routineWithoutFailureEndsNothing();
+    void allocationFailureIsError7();
 };
 
 void RuntimeFailureTest::unhandledFailureReportsAndEnds()
@@ -37,6 +38,15 @@ void RuntimeFailureTest::routineWithoutFailureEndsNothing()
     QCOMPARE(runs, 1);
     QVERIFY(messages.shown.isEmpty());
     QVERIFY(!process.ended());
+}
+
+void RuntimeFailureTest::allocationFailureIsError7()
+{
+    FakeMessages messages;
+    RecordingProcess process;
+    runEventRoutine(messages, process, [] { throw std::bad_alloc(); });
+    QCOMPARE(messages.shown.value(0).text, QStringLiteral("运行时错误 '7':\n\n内存不足"));
+    QCOMPARE(process.exitCodes, QList<int>{1});
 }
 
 QTEST_GUILESS_MAIN(RuntimeFailureTest)

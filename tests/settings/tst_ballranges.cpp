@@ -2,6 +2,8 @@
 #include "settings/ballranges.h"
 #include "settings/settingsstore.h"
 
+#include <QFile>
+#include <QSettings>
 #include <QTemporaryDir>
 #include <QtTest>
 
@@ -15,6 +17,7 @@ private slots:
     void writeThenReadRoundTrips();
     void storeKeepsChineseSectionsAndEveryValueAtOnce();
     void missingKeyGivesFallback();
+    void escapedFileReadsAndIsWrittenAsText();
 };
 
 void BallRangesTest::emptyStoreGivesDefaults()
@@ -103,6 +106,26 @@ void BallRangesTest::missingKeyGivesFallback()
              QStringLiteral("1"));
     store.write(QStringLiteral("ForecastNormal"), QStringLiteral("组数"), QString());
     QCOMPARE(store.read(QStringLiteral("ForecastNormal"), QStringLiteral("组数"), QStringLiteral("1")), QString());
+}
+
+void BallRangesTest::escapedFileReadsAndIsWrittenAsText()
+{
+    QTemporaryDir folder;
+    {
+        // The file as the program wrote it so far: Qt's own escapes for the names.
+        QSettings earlier(QDir(folder.path()).filePath(appinfo::title() + ".ini"), QSettings::IniFormat);
+        earlier.setValue(QStringLiteral("设置I/球1取值MIN"), QStringLiteral("3"));
+        earlier.setValue(QStringLiteral("a b/c=dé𠀀"), QStringLiteral("02 08, 26"));
+    }
+    IniSettingsStore store(folder.path(), appinfo::title());
+    QCOMPARE(store.read(QStringLiteral("设置I"), QStringLiteral("球1取值MIN"), {}), QStringLiteral("3"));
+    store.write(QStringLiteral("设置M"), QStringLiteral("球1取值MAX"), QStringLiteral("30"));
+    QFile file(store.filePath());
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    // Escapes of ASCII stay: an "=" or a blank would change what the line says.
+    QCOMPARE(file.readAll(), QByteArray("[a%20b]\nc%3Ddé𠀀=\"02 08, 26\"\n\n[设置I]\n球1取值MIN=3\n\n[设置M]\n球1取值MAX=30\n"));
+    IniSettingsStore reopened(folder.path(), appinfo::title());
+    QCOMPARE(reopened.read(QStringLiteral("a b"), QStringLiteral("c=dé𠀀"), {}), QStringLiteral("02 08, 26"));
 }
 
 QTEST_GUILESS_MAIN(BallRangesTest)

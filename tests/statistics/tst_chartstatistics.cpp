@@ -70,6 +70,13 @@ void ChartStatisticsTest::frequency_data()
         << 1 << QStringList{"33", "8", "05"} << QStringList{"5=1", "6=0", "7=0", "8=1"};
     QTest::newRow("a letter on top leaves High 0, below Low: no rows")
         << 1 << QStringList{"03", "x", "05"} << QStringList{};
+    // The chart holds 32,767 rows; a wider span leaves it and its values empty.
+    QStringList widest{"1=2"};
+    for (int value = 2; value < 32767; ++value)
+        widest << QString::number(value) + QStringLiteral("=0");
+    QTest::newRow("32767 rows fit") << 1 << QStringList{"1", "32767", "1"} << (widest << "32767=1");
+    QTest::newRow("32768 rows don't") << 1 << QStringList{"1", "32768"} << QStringList{};
+    QTest::newRow("a mistyped 99999999") << 1 << QStringList{"05", "99999999", "12"} << QStringList{};
 }
 
 void ChartStatisticsTest::frequency()
