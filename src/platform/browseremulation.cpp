@@ -3,8 +3,6 @@
 #include "platform/appinfo.h"
 #include "platform/modulereg.h"
 
-#include <limits>
-
 namespace browseremulation {
 
 namespace {
@@ -26,14 +24,14 @@ constexpr Emulation emulations[] = {
     {"IE7", 7000, 7000},
 };
 
-// The stored value as a 16-bit integer; a read that gave no number, or a
-// number that doesn't fit, counts as 0.
+// The stored value, read as a 16-bit integer: a read that gave no number
+// counts as 0. A number beyond 16 bits would count as 0 as well; as every
+// wanted value fits in 16 bits, it differs from the wanted one either way, so
+// the number is taken as it stands.
 qint32 currentValue(const RegReadResult& read)
 {
     const qint32* value = std::get_if<qint32>(&read);
-    if (!value || *value < std::numeric_limits<qint16>::min() || *value > std::numeric_limits<qint16>::max())
-        return 0;
-    return *value;
+    return value ? *value : 0;
 }
 
 } // namespace

@@ -71,13 +71,13 @@ void RegistryTest::writesAndReadsThreeKindsOfResult()
     QCOMPARE(memory.openHandles(), 0);
 
     path = QStringLiteral("HKEY_CURRENT_USER\\Software\\A");
-    QVERIFY(registry.RegWriteDword(path, QStringLiteral("v"), -7)); // creates the key
+    QVERIFY(registry.RegWriteDword(path, QStringLiteral("V"), -7)); // creates the key
     QCOMPARE(path, QStringLiteral("Software\\A"));
-    QCOMPARE(memory.value(reghive::HKEY_CURRENT_USER, QStringLiteral("software\\a"), QStringLiteral("V")), -7);
+    QCOMPARE(memory.value(reghive::HKEY_CURRENT_USER, QStringLiteral("software\\a"), QStringLiteral("v")), -7);
     QCOMPARE(memory.openHandles(), 0);
 
     path = QStringLiteral("HKEY_CURRENT_USER\\SOFTWARE\\a");
-    QCOMPARE(registry.RegReadDword(path, QStringLiteral("V")), RegReadResult(qint32(-7)));
+    QCOMPARE(registry.RegReadDword(path, QStringLiteral("v")), RegReadResult(qint32(-7)));
     QCOMPARE(memory.openHandles(), 0);
     path = QStringLiteral("HKEY_CURRENT_USER\\Software\\A");
     QCOMPARE(registry.RegReadDword(path, QStringLiteral("w")), RegReadResult(QString())); // no value
