@@ -1,6 +1,7 @@
 #include "windowkit/appcontext.h"
 #include "app/mainform.h"
 #include "platform/appinfo.h"
+#include "platform/osname.h"
 #include "platform/programfolder.h"
 #include "platform/systemservices.h"
 #include "settings/settingsstore.h"
@@ -36,6 +37,10 @@ int main(int argc, char* argv[])
         QCoreApplication::applicationDirPath(), QStandardPaths::writableLocation(QStandardPaths::AppDataLocation));
     AppContext context(programFolder, settings, messages, clipboard, launcher, fileDialogs,
                        random, clock, process, SiteAddresses());
+    context.startup.getOSName = [] { return osname::GetOSName(); };
+    context.startup.addressWidth = osname::addressWidth;
+    // setBrowserEmulation stays unset: the online import embeds no Windows
+    // browser on Linux, so the splash's load skips that step.
 
     MainForm mainForm(context);
     mainForm.Form_Load();

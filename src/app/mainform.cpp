@@ -1,6 +1,10 @@
 #include "app/mainform.h"
 
+#include "app/about.h"
+#include "app/formuseage.h"
 #include "app/logo.h"
+#include "app/net35.h"
+#include "app/net352.h"
 #include "forecast/forecastnormal.h"
 #include "history/formadd.h"
 #include "history/forminput.h"
@@ -476,13 +480,29 @@ void MainForm::menu除3余数预测_Click() {}
 
 void MainForm::menu号码组过滤_Click() {}
 
-void MainForm::menu关于_Click() {}
+void MainForm::menu关于_Click()
+{
+    About window(m_context, this);
+    window.exec();
+}
 
-void MainForm::menu软件使用方法_Click() {}
+void MainForm::menu软件使用方法_Click()
+{
+    FormUseage window(m_context, this);
+    window.exec();
+}
 
-void MainForm::menu软件权限设置方法_Click() {}
+void MainForm::menu软件权限设置方法_Click()
+{
+    Net352 window(m_context, this);
+    window.exec();
+}
 
-void MainForm::menu微软组件安装_Click() {}
+void MainForm::menu微软组件安装_Click()
+{
+    Net35 window(m_context, this);
+    window.exec();
+}
 
 void MainForm::menu作者网站和其他软件_Click()
 {

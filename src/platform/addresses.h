@@ -13,4 +13,9 @@ struct SiteAddresses {
     // custom software.
     QString makerWebSite = QStringLiteral("https://chengchuan.example/");
     QString makerMail = QStringLiteral("support@chengchuan.example");
+    // The maker's download site, the second address that "关于" shows.
+    QString makerSoftwareSite = QStringLiteral("https://soft.chengchuan.example/");
+    // Microsoft's site, with no trailing slash: the download page of .NET
+    // Framework 3.5 lies below it.
+    QString microsoftSite = QStringLiteral("https://www.microsoft.com");
 };

@@ -27,12 +27,14 @@ public:
 };
 
 // Hands an address (a web page, a "mailto:" link) or a document to the
-// desktop. Neither reports whether anything opened.
+// desktop. Neither reports whether anything opened. Starts a program apart
+// from this one: false when it could not be started.
 class DesktopLauncher {
 public:
     virtual ~DesktopLauncher() = default;
     virtual void openAddress(const QString& address) = 0;
     virtual void openDocument(const QString& path) = 0;
+    virtual bool startProgram(const QString& path) = 0;
 };
 
 // The file dialogs of the text filters. An empty result means cancelled.

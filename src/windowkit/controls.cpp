@@ -45,6 +45,12 @@ QCheckBox* tick(QWidget* parent, const char* name, const QString& text, const QR
     return placed(new QCheckBox(text, parent), name, geometry);
 }
 
+void fitWrapped(QLabel* label, int width)
+{
+    label->setWordWrap(true);
+    label->setFixedSize(width, label->heightForWidth(width));
+}
+
 void fitGapCaption(QLabel* label, const QPoint& topLeft, int height)
 {
     QFont face = label->font();

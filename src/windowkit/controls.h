@@ -24,6 +24,9 @@ QPushButton* button(QWidget* parent, const char* name, const QString& text, cons
 QComboBox* pickList(QWidget* parent, const char* name, const QStringList& entries = {}, const QRect& geometry = {});
 QCheckBox* tick(QWidget* parent, const char* name, const QString& text, const QRect& geometry = {});
 
+// A caption that wraps at `width`, sized to hold all of its present text.
+void fitWrapped(QLabel* label, int width);
+
 // Captions with a run of blanks in which a field stands, such as
 // "每次预测           组号码": the caption is set in a face whose blank is half
 // as wide as a Chinese character, as 宋体 draws it, and sized to its text at

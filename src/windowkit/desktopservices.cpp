@@ -7,6 +7,7 @@
 #include <QDesktopServices>
 #include <QFileDialog>
 #include <QMessageBox>
+#include <QProcess>
 #include <QUrl>
 
 namespace {
@@ -84,6 +85,12 @@ void QtDesktopLauncher::openAddress(const QString& address)
 void QtDesktopLauncher::openDocument(const QString& path)
 {
     QDesktopServices::openUrl(QUrl::fromLocalFile(path));
+}
+
+bool QtDesktopLauncher::startProgram(const QString& path)
+{
+    // Detached: it lives on when this program ends.
+    return QProcess::startDetached(path, {});
 }
 
 QString QtFileDialogs::openFileName(const QString& filter, const QString& defaultSuffix)

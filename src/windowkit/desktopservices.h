@@ -22,6 +22,7 @@ class QtDesktopLauncher final : public DesktopLauncher {
 public:
     void openAddress(const QString& address) override;
     void openDocument(const QString& path) override;
+    bool startProgram(const QString& path) override;
 };
 
 class QtFileDialogs final : public FileDialogs {

@@ -52,9 +52,17 @@ class FakeLauncher final : public DesktopLauncher {
 public:
     void openAddress(const QString& address) override { addresses.append(address); }
     void openDocument(const QString& path) override { documents.append(path); }
+    // Starts nothing: records the program and answers `startSucceeds`.
+    bool startProgram(const QString& path) override
+    {
+        programs.append(path);
+        return startSucceeds;
+    }
 
     QStringList addresses;
     QStringList documents;
+    QStringList programs;
+    bool startSucceeds = true;
 };
 
 class FakeFileDialogs final : public FileDialogs {
