@@ -54,7 +54,8 @@ void ForecastBet::Form_Load()
     Text3->setText(m_context.settings.read(section, betNumbersKey, QString()));
     // A stored index that names no entry, which only a hand-edited store can
     // hold, gives the first entry.
-    const std::optional<qint32> index = textrules::toWhole(m_context.settings.read(section, countKey, QStringLiteral("0")));
+    const std::optional<qint32> index =
+        textrules::toWhole(m_context.settings.read(section, countKey, QStringLiteral("0")));
     Combo1->setCurrentIndex(index && *index >= 0 && *index < Combo1->count() ? *index : 0);
     fillHistory();
 }
