@@ -5,6 +5,8 @@
 #include "app/logo.h"
 #include "app/net35.h"
 #include "app/net352.h"
+#include "forecast/forecastbet.h"
+#include "forecast/forecastfilter.h"
 #include "forecast/forecastnormal.h"
 #include "history/formadd.h"
 #include "history/forminput.h"
@@ -17,6 +19,7 @@
 #include "settings/optionform.h"
 #include "statistics/chartcommands.h"
 #include "statistics/perball.h"
+#include "statistics/qiuhaonoshow.h"
 #include "statistics/sevenball.h"
 #include "windowkit/appcontext.h"
 #include "windowkit/controls.h"
@@ -447,7 +450,11 @@ void MainForm::menu七位奇偶数统计_Click()
     清空LV10();
 }
 
-void MainForm::menu统计最近未开奖红色球球号_Click() {}
+void MainForm::menu统计最近未开奖红色球球号_Click()
+{
+    qiuhaonoshow window(m_context, m_history, this);
+    window.exec();
+}
 
 void MainForm::menu设置_Click()
 {
@@ -472,9 +479,17 @@ void MainForm::menu一般性预测_Click()
     window.exec();
 }
 
-void MainForm::menu过滤式预测_Click() {}
+void MainForm::menu过滤式预测_Click()
+{
+    ForecastFilter window(m_context, m_history, this);
+    window.exec();
+}
 
-void MainForm::menu投注式预测_Click() {}
+void MainForm::menu投注式预测_Click()
+{
+    ForecastBet window(m_context, m_history, this);
+    window.exec();
+}
 
 void MainForm::menu除3余数预测_Click() {}
 

@@ -160,11 +160,6 @@ QString ForecastCore::预测号码()
     }
 }
 
-QString ForecastCore::singleLine()
-{
-    return 预测号码() + lineEnd;
-}
-
 QString ForecastCore::batchText()
 {
     QString text;

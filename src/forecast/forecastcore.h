@@ -60,8 +60,6 @@ public:
     bool 判断相邻2数之差是否合理(qint32 limit) const;
     QString 预测号码();
 
-    // A single group's line as it goes into the result box, ended by CR LF.
-    QString singleLine();
     // The text of a batch of GroupCount groups, each line ended by CR LF,
     // built in memory; pending events run after every 1000th group. Where the
     // window has a limit, a group that was not found leaves no line.

@@ -98,8 +98,24 @@ void ForecastWindow::layoutCommon(int top)
         sideTop += buttonHeight + 4 + 12;
     }
 
-    const int width = std::max(sideLeft + sideButtonWidth, Check2->geometry().right() + 1) + margin;
-    setFixedSize(width, boxTop + boxHeight + margin);
+    setFixedSize(childrenRect().right() + 1 + margin, boxTop + boxHeight + margin);
+}
+
+QLineEdit* ForecastWindow::makeText3()
+{
+    auto* text3 = new QLineEdit(this);
+    text3->setObjectName(QStringLiteral("Text3"));
+    text3->setMaxLength(70);
+    return text3;
+}
+
+int ForecastWindow::layoutRule(QLabel* explanation, QLabel* heading, QLineEdit* text3, QLabel* hint)
+{
+    explanation->setGeometry(margin, 12, explanation->sizeHint().width(), 22);
+    heading->setGeometry(margin, 42, heading->sizeHint().width(), 20);
+    text3->setGeometry(margin, 64, boxWidth + 16 + sideButtonWidth, 24);
+    hint->setGeometry(margin, 92, hint->sizeHint().width(), 20);
+    return 122;
 }
 
 void ForecastWindow::loadCommon()
@@ -159,13 +175,20 @@ void ForecastWindow::run()
 {
     beginRun();
     if (m_core.GroupCount == 1) {
-        // Earlier lines stay: the new one goes behind them, at the caret put
-        // at the very end.
-        const QString line = m_core.singleLine();
-        RichTextBox1->setSelStart(RichTextBox1->Text().size());
-        RichTextBox1->setSelText(line);
+        const QString line = m_core.预测号码();
+        // Only a forecast with an attempt limit gives up, with an empty text;
+        // the others always find their group.
+        if (line.size() < 9) {
+            m_context.messages.show(MessageIcon::Critical, QStringLiteral("无法预测，设置的条件不合理，请重新设置！"));
+        } else {
+            // Earlier lines stay: the new one goes behind them, at the caret
+            // put at the very end.
+            RichTextBox1->setSelStart(RichTextBox1->Text().size());
+            RichTextBox1->setSelText(line + QStringLiteral("\r\n"));
+        }
     } else {
-        // A batch replaces the whole box, in one assignment.
+        // A batch replaces the whole box, in one assignment; a forecast that
+        // gives up leaves its missing groups out without a word.
         RichTextBox1->setText(m_core.batchText());
     }
     endRun();

@@ -62,12 +62,21 @@ protected:
     void beginRun();
     // Hides Label4 and sets Command1 enabled again.
     void endRun();
-    // A whole run as the plain windows make it: one group is added at the
-    // end of the box, a batch replaces it.
+    // A whole run: one group is added at the end of the box, a batch
+    // replaces it. Where the forecast gives up, a single group gets the
+    // message of impossible conditions and the box stays as it was.
     void run();
 
-    // Places the shared controls from `top` down and fixes the window's size.
+    // Places the shared controls from `top` down and fixes the window's size
+    // around all of its controls.
     void layoutCommon(int top);
+
+    // The box of a window's own numbers: it takes at most 70 characters,
+    // also when the program sets its text, which cuts off the excess.
+    QLineEdit* makeText3();
+    // Places the explanation, the heading of Text3, Text3 and the hint of
+    // its form one under the other; gives the top of what follows.
+    int layoutRule(QLabel* explanation, QLabel* heading, QLineEdit* text3, QLabel* hint);
 
     const DrawHistory& m_history;
     const QString m_section;

@@ -66,6 +66,7 @@ private slots:
     void hiddenEntriesStayHidden();
     void browserAndMailEntries();
     void forecastEntryOpensItsWindowModally();
+    void ruleForecastAndUndrawnEntriesOpenTheirWindowsModally();
     void captionsFitTheirControls();
 };
 
@@ -378,6 +379,20 @@ void MainFormTest::forecastEntryOpensItsWindowModally()
     });
     started.form.menu一般性预测->trigger();
     QVERIFY(modal);
+}
+
+void MainFormTest::ruleForecastAndUndrawnEntriesOpenTheirWindowsModally()
+{
+    StartedMainForm started;
+    QStringList opened;
+    for (QAction* entry : {started.form.menu过滤式预测, started.form.menu投注式预测, started.form.menu统计最近未开奖红色球球号}) {
+        whenModalShown([&](QWidget* window) {
+            opened << window->objectName() + (window->isModal() ? "" : " modeless");
+            window->close();
+        });
+        entry->trigger();
+    }
+    QCOMPARE(opened, (QStringList{"ForecastFilter", "ForecastBet", "qiuhaonoshow"}));
 }
 
 void MainFormTest::captionsFitTheirControls()
