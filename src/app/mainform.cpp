@@ -1,6 +1,8 @@
 #include "app/mainform.h"
 
 #include "app/logo.h"
+#include "forecast/batfilter.h"
+#include "forecast/divide3remaind.h"
 #include "forecast/forecastnormal.h"
 #include "history/formadd.h"
 #include "history/forminput.h"
@@ -466,9 +468,17 @@ void MainForm::menu过滤式预测_Click() {}
 
 void MainForm::menu投注式预测_Click() {}
 
-void MainForm::menu除3余数预测_Click() {}
+void MainForm::menu除3余数预测_Click()
+{
+    divide3remaind window(m_context, m_history, this);
+    window.exec();
+}
 
-void MainForm::menu号码组过滤_Click() {}
+void MainForm::menu号码组过滤_Click()
+{
+    BatFilter window(m_context, this);
+    window.exec();
+}
 
 void MainForm::menu关于_Click() {}
 
