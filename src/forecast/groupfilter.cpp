@@ -247,14 +247,18 @@ private:
     }
 
     // Where the match of pattern `number` that ends at `end` starts, or -1
-    // when the chain no longer holds it there.
+    // when it would start before the piece. An entry's patterns all match
+    // but where a cut took the start of the piece: the rescans renew every
+    // other entry that a cut concerns, and what such a pattern needs in front
+    // of the cut is gone.
     qint32 startOf(qint32 number, qint32 end) const
     {
         const QStringView pattern = m_patterns.at(number);
         qint32 at = end;
         for (qsizetype j = pattern.size() - 1;; --j) {
-            if (at < 0 || m_folded[size_t(at)] != pattern[j].unicode())
+            if (at < 0)
                 return -1;
+            Q_ASSERT(m_folded[size_t(at)] == pattern[j].unicode());
             if (j == 0)
                 return at;
             at = m_previous[size_t(at)];
