@@ -13,8 +13,6 @@ namespace {
 const QString filter = QStringLiteral("*.txt");
 const QString defaultSuffix = QStringLiteral("txt");
 
-} // namespace
-
 QString decode(const QByteArray& bytes)
 {
     QStringDecoder utf8(QStringDecoder::Utf8);
@@ -23,25 +21,6 @@ QString decode(const QByteArray& bytes)
         return text;
     QStringDecoder gb18030("GB18030");
     return gb18030.decode(bytes);
-}
-
-QByteArray encode(const QString& text)
-{
-    QString lines;
-    lines.reserve(text.size() + text.size() / 16);
-    for (qsizetype i = 0; i < text.size(); ++i) {
-        const QChar c = text[i];
-        if (c == QLatin1Char('\r')) {
-            lines += QStringLiteral("\r\n");
-            if (i + 1 < text.size() && text[i + 1] == QLatin1Char('\n'))
-                ++i;
-        } else if (c == QLatin1Char('\n')) {
-            lines += QStringLiteral("\r\n");
-        } else {
-            lines += c;
-        }
-    }
-    return lines.toUtf8();
 }
 
 std::optional<QString> read(const QString& path)
@@ -60,13 +39,15 @@ bool write(const QString& path, const QString& text)
     QSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly))
         return false;
-    const QByteArray bytes = encode(text);
+    const QByteArray bytes = text.toUtf8();
     if (file.write(bytes) != bytes.size()) {
         file.cancelWriting();
         return false;
     }
     return file.commit();
 }
+
+} // namespace
 
 std::optional<QString> importText(FileDialogs& dialogs)
 {

@@ -35,7 +35,9 @@ public:
     virtual void openDocument(const QString& path) = 0;
 };
 
-// The file dialogs of the text filters. An empty result means cancelled.
+// The file dialogs of the text filters. An empty result means cancelled. The
+// save dialog adds the default suffix to a bare name and asks before it
+// replaces an existing file.
 class FileDialogs {
 public:
     virtual ~FileDialogs() = default;
