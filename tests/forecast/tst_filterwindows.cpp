@@ -160,6 +160,7 @@ void FilterWindowsTest::remainderWindowLoadsAndFilters()
     DrawHistory history;
     forecasttest::addRows(history, {"01 04 07 10 13 16 02 00", "08 09 17 25 27 32 06 15", "02 05 08 11 14 17 03 00"});
     history.setText(1, QStringLiteral("2007009")); // the newest draw stands in the middle
+    history.setSortOrder(1); // as a click on a header leaves it
     divide3remaind window(app.context, history);
     window.show();
     QCOMPARE(window.Text1->text(), QStringLiteral("08 09 17 25 27 32"));
@@ -208,15 +209,19 @@ void FilterWindowsTest::menuEntriesOpenTheWindowsModally()
 {
     StartedMainForm started({"2007024*=*02 05 08 11 14 17 03 00*=*02", "2007025*=*08 09 17 25 27 32 06 15*=*08"});
     QStringList opened;
+    QStringList cut;
     const auto look = [&](QDialog* window, const QString& seen) {
         QTest::keyClick(window, Qt::Key_Escape);
         opened.append(window->windowTitle() + seen + QString::number(window->isModal() && window->isVisible()));
         for (const QLabel* label : window->findChildren<QLabel*>()) {
-            QVERIFY2(label->heightForWidth(label->width()) <= label->height(), qPrintable(label->text()));
-            QVERIFY2(label->wordWrap() || label->sizeHint().width() <= label->width(), qPrintable(label->text()));
+            if (label->heightForWidth(label->width()) > label->height()
+                || (!label->wordWrap() && label->sizeHint().width() > label->width()))
+                cut.append(label->text());
         }
-        for (const QPushButton* button : window->findChildren<QPushButton*>())
-            QVERIFY2(button->sizeHint().width() <= button->width() + 8, qPrintable(button->text()));
+        for (const QPushButton* button : window->findChildren<QPushButton*>()) {
+            if (button->sizeHint().width() > button->width() + 8)
+                cut.append(button->text());
+        }
         window->close();
     };
     whenWindowShown<divide3remaind>([&](divide3remaind* window) { look(window, window->Text1->text()); });
@@ -224,6 +229,7 @@ void FilterWindowsTest::menuEntriesOpenTheWindowsModally()
     whenWindowShown<BatFilter>([&](BatFilter* window) { look(window, QString()); });
     started.form.menu号码组过滤->trigger();
     QCOMPARE(opened, (QStringList{"除3余数过滤08 09 17 25 27 321", "号码组过滤1"}));
+    QCOMPARE(cut, QStringList());
 }
 
 int main(int argc, char* argv[])
