@@ -5,6 +5,8 @@
 #include "app/logo.h"
 #include "app/net35.h"
 #include "app/net352.h"
+#include "forecast/batfilter.h"
+#include "forecast/divide3remaind.h"
 #include "forecast/forecastbet.h"
 #include "forecast/forecastfilter.h"
 #include "forecast/forecastnormal.h"
@@ -491,9 +493,17 @@ void MainForm::menu投注式预测_Click()
     window.exec();
 }
 
-void MainForm::menu除3余数预测_Click() {}
+void MainForm::menu除3余数预测_Click()
+{
+    divide3remaind window(m_context, m_history, this);
+    window.exec();
+}
 
-void MainForm::menu号码组过滤_Click() {}
+void MainForm::menu号码组过滤_Click()
+{
+    BatFilter window(m_context, this);
+    window.exec();
+}
 
 void MainForm::menu关于_Click()
 {

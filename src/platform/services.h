@@ -37,7 +37,9 @@ public:
     virtual bool startProgram(const QString& path) = 0;
 };
 
-// The file dialogs of the text filters. An empty result means cancelled.
+// The file dialogs of the text filters. An empty result means cancelled. The
+// save dialog adds the default suffix to a bare name and asks before it
+// replaces an existing file.
 class FileDialogs {
 public:
     virtual ~FileDialogs() = default;

@@ -98,7 +98,7 @@ int fullYear(int year, qsizetype digits)
 
 } // namespace
 
-QString trim(const QString& text)
+QStringView trimView(QStringView text)
 {
     qsizetype begin = 0;
     qsizetype end = text.size();
@@ -106,9 +106,20 @@ QString trim(const QString& text)
         ++begin;
     while (end > begin && text[end - 1] == QLatin1Char(' '))
         --end;
-    if (begin == 0 && end == text.size())
-        return text;
-    return text.mid(begin, end - begin);
+    return text.sliced(begin, end - begin);
+}
+
+QString trim(const QString& text)
+{
+    const QStringView trimmed = trimView(text);
+    return trimmed.size() == text.size() ? text : trimmed.toString();
+}
+
+QList<QStringView> splitView(QStringView text, QStringView separator)
+{
+    if (text.isEmpty())
+        return {};
+    return text.split(separator, Qt::KeepEmptyParts, Qt::CaseSensitive);
 }
 
 QStringList split(const QString& text, const QString& separator)

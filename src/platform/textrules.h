@@ -14,10 +14,14 @@ namespace textrules {
 
 // Removes blanks (code 32) at both ends and nothing else: tabs stay.
 QString trim(const QString& text);
+// The same, as a view into the text, for passes over long texts.
+QStringView trimView(QStringView text);
 
 // Breaks at every occurrence of the literal separator. Two separators in a row
 // give an empty token; an empty text gives no tokens at all.
 QStringList split(const QString& text, const QString& separator);
+// The same, as views into the text, for passes over long texts.
+QList<QStringView> splitView(QStringView text, QStringView separator);
 
 // The general number test: blanks around, a sign, grouping commas in the whole
 // part, a decimal point and an exponent are all taken.
