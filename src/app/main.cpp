@@ -1,5 +1,6 @@
 #include "windowkit/appcontext.h"
 #include "app/mainform.h"
+#include "online/updatecheck.h"
 #include "platform/appinfo.h"
 #include "platform/systemservices.h"
 #include "settings/settingsstore.h"
@@ -31,6 +32,7 @@ int main(int argc, char* argv[])
 
     AppContext context(QCoreApplication::applicationDirPath(), settings, messages, clipboard, launcher, fileDialogs,
                        random, clock, process, SiteAddresses());
+    context.startup.startUpdateCheck = updateCheckService(messages, launcher, context.addresses.vendorBaseUrl);
 
     MainForm mainForm(context);
     mainForm.Form_Load();

@@ -1,6 +1,7 @@
 #include "online/uxmlhttp.h"
 
 #include "online/xmlhttprequest.h"
+#include "platform/runtimefailure.h"
 
 #include <QFile>
 #include <QTimer>
@@ -109,12 +110,22 @@ void uXMLHTTP::tmrReader_Timer()
         const QByteArray body = ResponseBody();
         if (!保存路径.isEmpty() && !body.isEmpty())
             saveResponse(body);
-        emit OnDateArrived();
+        try {
+            emit OnDateArrived();
+        } catch (const RuntimeError&) {
+            // A failure in the host's handler ends that handler only, here
+            // at the tick's last statement.
+        }
         return;
     }
     const std::optional<qint16> status = narrowTo16Bits(Status());
-    if (status && *status >= 0 && *status <= 600)
-        emit OnDateErr(m_statusTexts[size_t(*status)]);
+    if (status && *status >= 0 && *status <= 600) {
+        try {
+            emit OnDateErr(m_statusTexts[size_t(*status)]);
+        } catch (const RuntimeError&) {
+            // As above: the handler ends, the tick has nothing left to do.
+        }
+    }
 }
 
 void uXMLHTTP::saveResponse(const QByteArray& body) const
