@@ -4,16 +4,10 @@
 
 #include <QUrl>
 
-namespace {
-
-// Failures below HTTP: no connection, a connection lost, a proxy that
-// failed. The request then has no status of its own.
 bool isConnectionFailure(QNetworkReply::NetworkError error)
 {
     return error != QNetworkReply::NoError && error < QNetworkReply::ContentAccessDenied;
 }
-
-} // namespace
 
 XmlHttpRequest::XmlHttpRequest(QObject* parent) : QObject(parent) {}
 

@@ -20,6 +20,10 @@
 #include <QPointer>
 #include <QString>
 
+// A failure below HTTP: no connection, a connection lost, a proxy that
+// failed. A request that ends so has no HTTP status of its own.
+bool isConnectionFailure(QNetworkReply::NetworkError error);
+
 class XmlHttpRequest : public QObject {
     Q_OBJECT
 
