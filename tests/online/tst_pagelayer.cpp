@@ -1,25 +1,37 @@
+#include "fakes.h"
+#include "history/drawhistory.h"
 #include "localhttpserver.h"
 #include "online/htmldocument.h"
+#include "online/onlineimport.h"
 #include "online/pagebrowser.h"
 #include "online/pagetext.h"
+#include "sitepages.h"
 
-#include <QSignalSpy>
-#include <QStringEncoder>
+#include <QElapsedTimer>
 #include <QtTest>
+
+using sitepages::gbk;
 
 namespace {
 
-QByteArray gbk(const QString& text)
+QString row(const QStringList& cells)
 {
-    QStringEncoder encoder("GBK");
-    return encoder.encode(text);
+    return "<tr><td>" + cells.join("</td><td>") + "</td></tr>";
 }
 
-QString cellText(const QString& cellHtml)
+QString drawRow(int issue, const QString& numbers = "<em>01</em> <em>02</em> <em>03</em> <em>04</em> <em>05</em> "
+                                                    "<em>06</em>\n<em>07</em>")
 {
-    HtmlDocument document(QStringLiteral("<table><tr><td>") + cellHtml + QStringLiteral("</td></tr></table>"),
-                          QUrl(QStringLiteral("http://site/")));
-    return document.getElementsByTagName(QStringLiteral("table"))[0].Rows()[0].Cells()[0].innertext();
+    return row({"2016-03-01", QString::number(issue), numbers, "1", "2", "3", "<a href=x>详细</a>"});
+}
+
+// A first table: `header` rows of one cell, `draws` draw rows, then `extra`.
+QString firstTable(int header, int draws, const QString& extra = {})
+{
+    QString html = "<table>" + row({"标题"}).repeated(header);
+    for (int i = 0; i < draws; ++i)
+        html += drawRow(2016001 + i);
+    return html + extra + "</table>";
 }
 
 } // namespace
@@ -28,153 +40,164 @@ class PageLayerTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void decode_data();
-    void decode();
-    void innertext_data();
-    void innertext();
-    void tablesRowsAndCells();
-    void links();
+    void pageText_data();
+    void pageText();
+    void tablesRowsAndLinks();
     void fetchesAsABrowser();
-    void failedAndDroppedNavigations();
+    void readsTheFirstTable_data();
+    void readsTheFirstTable();
+    void aWaitAcrossMidnightEndsAtOnce();
 };
 
-void PageLayerTest::decode_data()
+void PageLayerTest::pageText_data()
 {
-    QTest::addColumn<QByteArray>("body");
+    QTest::addColumn<QByteArray>("body"); // a page whose first cell is "澄川", or the first cell
     QTest::addColumn<QByteArray>("contentType");
+    QTest::addColumn<QString>("text");
     const QString meta = QStringLiteral("<meta http-equiv=\"Content-Type\" content=\"text/html; charset=gb2312\">");
-    QTest::newRow("header charset") << gbk("<p>澄川</p>") << QByteArray("text/html;charset=GBK");
-    QTest::newRow("meta charset") << gbk(meta + "<p>澄川</p>") << QByteArray("text/html");
-    QTest::newRow("html5 meta") << gbk("<meta charset='gbk'><p>澄川</p>") << QByteArray();
-    QTest::newRow("header wins over meta") << (meta + "<p>澄川</p>").toUtf8() << QByteArray("text/html; charset=utf-8");
-    QTest::newRow("undeclared is Chinese") << gbk("<p>澄川</p>") << QByteArray("text/html");
-    QTest::newRow("byte-order mark wins") << QByteArray("\xEF\xBB\xBF") + QString("<p>澄川</p>").toUtf8()
-                                          << QByteArray("text/html; charset=gbk");
+    const QByteArray utf8("text/html; charset=utf-8");
+    QTest::newRow("header charset") << gbk("<table><td>澄川") << QByteArray("text/html;charset=GBK") << "澄川";
+    QTest::newRow("meta charset") << gbk(meta + "<table><td>澄川") << QByteArray("text/html") << "澄川";
+    QTest::newRow("header over meta") << (meta + "<table><td>澄川").toUtf8() << utf8 << "澄川";
+    QTest::newRow("undeclared is Chinese") << gbk("<table><td>澄川") << QByteArray("text/html") << "澄川";
+    QTest::newRow("balls with blanks") << QByteArray("\n <em>03</em> <em>10</em>\n   <em>15</em>\n") << utf8 << "03 10 15";
+    QTest::newRow("balls run together") << QByteArray("<em class=rr>03</em><em class=rr>10</em><em>15</em>") << utf8 << "031015";
+    QTest::newRow("blanks across inline elements") << QByteArray("  \r\n\ta <span> b </span> c ") << utf8 << "a b c";
+    QTest::newRow("no-break space stays") << QByteArray("a&nbsp; b") << utf8 << "a\u00a0 b";
+    QTest::newRow("line break") << QByteArray("a <br> b") << utf8 << "a\nb";
+    QTest::newRow("blocks") << QByteArray("<div>a</div> <div>b</div><p>c</p>d") << utf8 << "a\nb\n\nc\n\nd";
+    QTest::newRow("nested rows") << QByteArray("<table><tr><td>1</td> <th>2</th></tr><tr><td>3</td></tr></table>") << utf8
+                                 << "1\t2\n3";
+    QTest::newRow("not rendered") << QByteArray("x<script>y()</script><style>p{}</style><b style='display: none'>z</b>y")
+                                  << utf8 << "xy";
 }
 
-void PageLayerTest::decode()
+void PageLayerTest::pageText()
 {
     QFETCH(QByteArray, body);
     QFETCH(QByteArray, contentType);
-    QVERIFY(pagetext::decodePage(body, contentType).endsWith(QStringLiteral("<p>澄川</p>")));
-}
-
-void PageLayerTest::innertext_data()
-{
-    QTest::addColumn<QString>("cell");
-    QTest::addColumn<QString>("text");
-    QTest::newRow("balls with blanks") << "\n <em>03</em> <em>10</em>\n   <em>15</em>\n" << "03 10 15";
-    QTest::newRow("balls run together") << "<em class=rr>03</em><em class=rr>10</em><em>15</em>" << "031015";
-    QTest::newRow("blanks around") << "  \r\n\t2016-03-01 \n" << "2016-03-01";
-    QTest::newRow("blanks across inline elements") << "a <span> b </span> c" << "a b c";
-    QTest::newRow("no-break space stays") << "a&nbsp; b" << "a\u00a0 b";
-    QTest::newRow("line break") << "a <br> b" << "a\nb";
-    QTest::newRow("blocks") << "<div>a</div> <div>b</div>" << "a\nb";
-    QTest::newRow("paragraph") << "<p>a</p>b" << "a\n\nb";
-    QTest::newRow("nested row") << "<table><tr><td>1</td> <th>2</th></tr><tr><td>3</td></tr></table>" << "1\t2\n3";
-    QTest::newRow("not rendered") << "x<script>y()</script><style>p{}</style><span style='display: none'>z</span>y"
-                                  << "xy";
-    QTest::newRow("preformatted") << "<pre>a  b\n c</pre>" << "a  b\n c";
-}
-
-void PageLayerTest::innertext()
-{
-    QFETCH(QString, cell);
     QFETCH(QString, text);
-    QCOMPARE(cellText(cell), text);
+    const QString html = pagetext::decodePage(body, contentType);
+    HtmlDocument document(html.contains("澄川") ? html : "<table><td>" + html, QUrl(QStringLiteral("http://site/")));
+    QCOMPARE(document.getElementsByTagName(QStringLiteral("td"))[0].innertext(), text);
 }
 
-void PageLayerTest::tablesRowsAndCells()
+void PageLayerTest::tablesRowsAndLinks()
 {
-    HtmlDocument document(QStringLiteral("<table id=1><tfoot><tr><td>foot</td></tr></tfoot>"
+    HtmlDocument document(QStringLiteral("<head><base href='/zhcw/inc/'></head><table><tfoot><tr><td>foot</td></tr></tfoot>"
                                          "<tr><td>a<table><tr><td>in</td></tr><tr><td>in</td></tr></table></td>"
-                                         "<th>b</th><td>c</td></tr>"
-                                         "<thead><tr><th>head</th></tr></thead><tr><td>last</td></tr></table>"
-                                         "<TABLE><tr><td>second</td></tr></TABLE>"),
-                          QUrl(QStringLiteral("http://site/")));
+                                         "<th>b</th><td>c</td></tr><thead><tr><th>head</th></tr></thead><tr><td>last"
+                                         "</td></tr></table><TABLE><tr><td>2</td></tr></TABLE><a href='ssq/ssq_wqhg.jsp?pageNum=2'>"
+                                         "2</a><A HREF=' http://other/ ' target=_self>o</A><a name=top>no address</a>"),
+                          QUrl(QStringLiteral("http://site/zhcw/inc/ssq/ssq_wqhg.jsp")));
     const QList<HtmlElement> tables = document.getElementsByTagName(QStringLiteral("TABLE"));
-    QCOMPARE(tables.size(), 3); // the nested one comes after its outer table
+    QCOMPARE(tables.size(), 3); // the nested one after its outer table
     QCOMPARE(tables[1].Rows().size(), 2);
-    QCOMPARE(tables[2].Rows()[0].Cells()[0].innertext(), QStringLiteral("second"));
-
+    QCOMPARE(tables[2].Rows()[0].Cells()[0].innertext(), QStringLiteral("2"));
     QStringList firstCells;
     for (const HtmlElement& row : tables[0].Rows())
         firstCells.append(row.Cells()[0].innertext().section(QLatin1Char('\n'), 0, 0));
     QCOMPARE(firstCells, (QStringList{"head", "a", "last", "foot"}));
-    QCOMPARE(tables[0].Rows()[1].Cells().size(), 3);
-}
 
-void PageLayerTest::links()
-{
-    HtmlDocument document(QStringLiteral("<a href='?pageNum=2'>2</a><A HREF=' /x.html ' target=_self>x</A>"
-                                         "<a name=top>no address</a><a href='http://other/'>o</a>"),
-                          QUrl(QStringLiteral("http://site/zhcw/inc/ssq/ssq_wqhg.jsp")));
     QList<HtmlElement> links = document.getElementsByTagName(QStringLiteral("A"));
-    QCOMPARE(links.size(), 4);
-    QCOMPARE(links[0].href(), QStringLiteral("http://site/zhcw/inc/ssq/ssq_wqhg.jsp?pageNum=2"));
-    QCOMPARE(links[1].href(), QStringLiteral("http://site/x.html"));
-    QCOMPARE(links[2].href(), QString());
-    QCOMPARE(links[3].href(), QStringLiteral("http://other/"));
-    QCOMPARE(links[1].Target(), QStringLiteral("_self"));
-    links[0].setTarget(QStringLiteral("_blank"));
-    QCOMPARE(document.getElementsByTagName(QStringLiteral("a"))[0].Target(), QStringLiteral("_blank"));
-
-    HtmlDocument based(QStringLiteral("<head><base href='http://mirror/ssq/'></head><a href='p2'>2</a>"),
-                       QUrl(QStringLiteral("http://site/")));
-    QCOMPARE(based.getElementsByTagName(QStringLiteral("a"))[0].href(), QStringLiteral("http://mirror/ssq/p2"));
+    QCOMPARE((QStringList{links[0].href(), links[1].href(), links[2].href(), links[1].Target()}),
+             (QStringList{"http://site/zhcw/inc/ssq/ssq_wqhg.jsp?pageNum=2", "http://other/", "", "_self"}));
+    // Links away from the site's own pages open new windows.
+    全部链接在新窗口打开(&document, QStringLiteral("HTTP://Site"));
+    links = document.getElementsByTagName(QStringLiteral("a"));
+    QCOMPARE((QStringList{links[0].Target(), links[1].Target(), links[2].Target()}), (QStringList{"", "_blank", "_blank"}));
 }
 
 void PageLayerTest::fetchesAsABrowser()
 {
     LocalHttpServer server([](const HttpRequest& request) {
-        if (request.target == "/old") {
-            HttpAnswer moved = HttpAnswer::withStatus(302, "Found");
-            moved.headers.append(qMakePair(QByteArray("Location"), QByteArray("/page")));
-            return moved;
-        }
-        return HttpAnswer::ok(gbk("<html><head><meta charset=gb2312></head><body><table><tr><td>第1页</td></tr>"
-                                  "</table></body></html>"),
-                              "text/html");
+        if (request.target == "/old")
+            return HttpAnswer{302, {{"Location", "/page"}}, {}};
+        return HttpAnswer::ok(gbk("<meta charset=gb2312><table><tr><td>第1页</td></tr></table>"));
     });
     PageBrowser browser;
     QStringList events;
     connect(&browser, &PageBrowser::NavigateComplete2, this,
             [&](PageBrowser* frame, const QString& url) { events << (frame == &browser ? "navigate " : "?") + url; });
-    connect(&browser, &PageBrowser::DocumentComplete, this, [&](PageBrowser*, const QString& url) {
-        events << "document " + url;
-    });
+    connect(&browser, &PageBrowser::DocumentComplete, this,
+            [&](PageBrowser* frame, const QString& url) { events << (frame == &browser ? "document " : "?") + url; });
+    browser.Navigate(server.base() + "/page"); // dropped by the next navigation: it never completes
     const QString asked = server.base() + QStringLiteral("/old");
     browser.Navigate(asked);
     QCOMPARE(browser.Document(), nullptr);
     QTRY_COMPARE(events, (QStringList{"navigate " + asked, "document " + asked}));
 
     QCOMPARE(browser.LocationURL(), server.base() + QStringLiteral("/page"));
-    const QList<HtmlElement> tables = browser.Document()->getElementsByTagName(QStringLiteral("table"));
-    QCOMPARE(tables[0].Rows()[0].Cells()[0].innertext(), QStringLiteral("第1页"));
+    QCOMPARE(browser.Document()->getElementsByTagName(QStringLiteral("td"))[0].innertext(), QStringLiteral("第1页"));
     const HttpRequest& request = server.requests.last();
-    QVERIFY(request.header("User-Agent").startsWith("Mozilla/5.0 (Windows NT"));
-    QVERIFY(request.header("Accept").startsWith("text/html"));
-    QVERIFY(request.header("Accept-Language").startsWith("zh-CN"));
+    QVERIFY(request.headers.value("user-agent").startsWith("Mozilla/5.0 (Windows NT"));
+    QVERIFY(request.headers.value("accept").startsWith("text/html"));
+    QVERIFY(request.headers.value("accept-language").startsWith("zh-CN"));
+
+    // A refused connection completes on the page that a browser shows for it.
+    browser.Navigate(LocalHttpServer::refusedBase());
+    QTRY_COMPARE(events.size(), 4);
+    QVERIFY(browser.Document()->getElementsByTagName(QStringLiteral("table")).isEmpty());
 }
 
-void PageLayerTest::failedAndDroppedNavigations()
+void PageLayerTest::readsTheFirstTable_data()
 {
-    LocalHttpServer silent([](const HttpRequest&) { return HttpAnswer::silence(); });
-    PageBrowser browser;
-    QSignalSpy completed(&browser, &PageBrowser::DocumentComplete);
-    browser.Navigate(silent.base() + QStringLiteral("/never"));
-    QTRY_COMPARE(silent.requests.size(), 1);
+    QTest::addColumn<QString>("html");
+    QTest::addColumn<int>("count");
+    QTest::addColumn<QStringList>("rows"); // the first two rows of the history
 
-    // A new navigation drops the one under way: only the new one completes,
-    // here on the page a browser shows for a refused connection.
-    const QString refused = LocalHttpServer::refusedBase() + QStringLiteral("/zhcw/inc/ssq/ssq_wqhg.jsp");
-    browser.Navigate(refused);
-    QVERIFY(completed.wait());
-    QVERIFY(!completed.wait(200));
-    QCOMPARE(completed.count(), 1);
-    QCOMPARE(completed[0][1].toString(), refused);
-    QCOMPARE(browser.LocationURL(), refused);
-    QVERIFY(browser.Document()->getElementsByTagName(QStringLiteral("table")).isEmpty());
+    const QStringList firstTwo{"2016001 01 02 03 04 05 06 07 00", "2016002 01 02 03 04 05 06 07 00"};
+    const QString good = "01 02 03 04 05 06 07";
+    QTest::newRow("20 rows") << firstTable(0, 20) << 0 << QStringList();
+    QTest::newRow("21 rows") << firstTable(1, 20) << 20 << firstTwo;
+    QTest::newRow("30 rows") << firstTable(0, 30) << 30 << firstTwo;
+    QTest::newRow("31 rows") << firstTable(2, 29) << 0 << QStringList();
+    QTest::newRow("25 rows, 20 of draws") << firstTable(2, 20, row({"2016-03-01", "2016901", good, "1", "2", "3", "4", "5"})
+                                                                   + row({"0", "2016902", good, "1", "2", "3", "4"})
+                                                                   + row({"2016-03-01", "第2016903期", good, "", "", "", ""}))
+                                          << 20 << firstTwo;
+    QTest::newRow("two forms of the numbers")
+        << firstTable(18, 0, drawRow(2016023, "01020304050607") + drawRow(2016024, " 10 <b>20</b> 30 31 32 33 16 ")
+                                 + drawRow(2016025, "0102030405061"))
+        << 3 << QStringList{"2016023 01 02 03 04 05 06 07 00", "2016024 10 20 30 31 32 33 16 00"};
+    QTest::newRow("a repeated issue is counted") << firstTable(1, 20).replace("2016002", "2016001") << 20
+                                                 << QStringList{firstTwo[0], "2016003 01 02 03 04 05 06 07 00"};
+    QTest::newRow("the first table only") << "<table><tr><td>menu</td></tr></table>" + firstTable(1, 20) << 0
+                                          << QStringList();
+}
+
+void PageLayerTest::readsTheFirstTable()
+{
+    QFETCH(QString, html);
+    QFETCH(int, count);
+    QFETCH(QStringList, rows);
+
+    HtmlDocument document(html, QUrl(QStringLiteral("http://site/")));
+    DrawHistory history;
+    QCOMPARE(导入当前页数据(&document, history), count);
+    QStringList read;
+    for (int i = 0; i < std::min(2, history.count()); ++i)
+        read.append(history.text(i) + QLatin1Char(' ') + history.subItem(i, DrawHistory::GroupSubItem));
+    QCOMPARE(read, rows);
+    QCOMPARE(导入当前页数据(nullptr, history), 0);
+}
+
+void PageLayerTest::aWaitAcrossMidnightEndsAtOnce()
+{
+    LocalHttpServer server([](const HttpRequest&) { return HttpAnswer::silence(); });
+    PageBrowser browser;
+    DrawHistory history;
+    FixedClock clock;
+    clock.current.setTime(QTime(23, 59, 59, 900));
+    QTimer::singleShot(200, [&] { clock.current = clock.current.addSecs(1); }); // into the next day
+    OnlineImport import(browser, history, clock, server.base());
+    QElapsedTimer waited;
+    waited.start();
+    import.nextPage();
+
+    QCOMPARE(server.targets(), QList<QByteArray>{"/zhcw/inc/ssq/ssq_wqhg.jsp?pageNum=2"});
+    QVERIFY(import.WaitingForDocument);
+    QVERIFY(waited.elapsed() < 10000); // far below the 20 seconds of a wait that missed midnight
 }
 
 QTEST_GUILESS_MAIN(PageLayerTest)

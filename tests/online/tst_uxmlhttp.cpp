@@ -1,4 +1,6 @@
+#include "fakes.h"
 #include "localhttpserver.h"
+#include "online/updatecheck.h"
 #include "online/uxmlhttp.h"
 
 #include <QFile>
@@ -7,16 +9,6 @@
 #include <QTimer>
 #include <QtTest>
 
-namespace {
-
-QByteArray fileText(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(none)");
-}
-
-} // namespace
-
 class UXmlHttpTest : public QObject {
     Q_OBJECT
 
@@ -24,80 +16,69 @@ private slots:
     void endOfARequest_data();
     void endOfARequest();
     void abortWhilePollingEndsInSilence();
-    void sendWithoutOpenDoesNotPoll();
+    void updateCheck_data();
+    void updateCheck();
 };
 
 void UXmlHttpTest::endOfARequest_data()
 {
-    QTest::addColumn<QString>("route"); // "refused" for no server at all
+    QTest::addColumn<QString>("route"); // "refused": nothing listens there
     QTest::addColumn<bool>("withPath");
-    QTest::addColumn<bool>("arrived");
-    QTest::addColumn<QStringList>("errors");
-    QTest::addColumn<QByteArray>("file"); // the target file afterwards; it held "old"
+    QTest::addColumn<int>("status");
+    QTest::addColumn<QStringList>("errors"); // the texts of OnDateErr; OnDateArrived comes on 200 alone
+    QTest::addColumn<QByteArray>("file");    // the target file afterwards; it held "old"
 
-    const QStringList none;
-    QTest::newRow("200 without path") << "/body" << false << true << none << QByteArray("old");
-    QTest::newRow("200, empty body keeps the file") << "/empty" << true << true << none << QByteArray("old");
-    QTest::newRow("200 replaces the file") << "/body" << true << true << none << QByteArray("1.2.4");
-    QTest::newRow("404") << "/404" << true << false << QStringList{"没有发现文件?查询或URl"} << QByteArray("old");
-    QTest::newRow("418 has no text") << "/418" << false << false << QStringList{""} << QByteArray("old");
-    QTest::newRow("12029 ends silently") << "/12029" << false << false << none << QByteArray("old");
-    QTest::newRow("70000 does not fit 16 bits") << "/70000" << false << false << none << QByteArray("old");
-    QTest::newRow("connection refused is status 0") << "refused" << false << false << QStringList{""} << QByteArray("old");
-    QTest::newRow("connection reset is status 0") << "/hangup" << false << false << QStringList{""} << QByteArray("old");
+    const QStringList none, noText{""};
+    const QByteArray old("old");
+    QTest::newRow("200 without path") << "/body" << false << 200 << none << old;
+    QTest::newRow("200, empty body keeps the file") << "/empty" << true << 200 << none << old;
+    QTest::newRow("200 replaces the file") << "/body" << true << 200 << none << QByteArray("1.2.4");
+    QTest::newRow("404") << "/404" << true << 404 << QStringList{"没有发现文件?查询或URl"} << old;
+    QTest::newRow("418 has no text") << "/418" << false << 418 << noText << old;
+    QTest::newRow("12029 ends in silence") << "/12029" << false << 12029 << none << old;
+    QTest::newRow("65936 does not fit 16 bits") << "/65936" << false << 65936 << none << old;
+    QTest::newRow("refused connection") << "refused" << false << 0 << noText << old;
+    QTest::newRow("reset connection") << "/hangup" << false << 0 << noText << old;
 }
 
 void UXmlHttpTest::endOfARequest()
 {
     QFETCH(QString, route);
     QFETCH(bool, withPath);
-    QFETCH(bool, arrived);
+    QFETCH(int, status);
     QFETCH(QStringList, errors);
     QFETCH(QByteArray, file);
 
     LocalHttpServer server([](const HttpRequest& request) {
-        if (request.target == "/body")
-            return HttpAnswer::ok("1.2.4");
-        if (request.target == "/empty")
-            return HttpAnswer::ok("");
-        if (request.target == "/hangup")
-            return HttpAnswer::hangUp();
-        const int status = request.target.mid(1).toInt();
-        return HttpAnswer::withStatus(status, "Status", "<html>gone</html>");
+        if (request.target == "/body" || request.target == "/empty")
+            return HttpAnswer::ok(request.target == "/body" ? "1.2.4" : "");
+        return request.target == "/hangup" ? HttpAnswer::hangUp() : HttpAnswer::withStatus(request.target.mid(1).toInt());
     });
     QTemporaryDir folder;
-    const QString target = folder.filePath(QStringLiteral("newver.txt"));
-    QFile old(target);
-    QVERIFY(old.open(QIODevice::WriteOnly));
-    old.write("old");
-    old.close();
+    QFile target(folder.filePath(QStringLiteral("newver.txt")));
+    QVERIFY(target.open(QIODevice::WriteOnly) && target.write("old") == 3);
+    target.close();
 
     uXMLHTTP control;
     QSignalSpy arrivals(&control, &uXMLHTTP::OnDateArrived);
     QSignalSpy failures(&control, &uXMLHTTP::OnDateErr);
-    const QString base = route == QLatin1String("refused") ? LocalHttpServer::refusedBase() : server.base() + route;
-    control.Open_(QStringLiteral("get"), base, withPath ? target : QString());
+    control.Open_(QStringLiteral("get"), route == "refused" ? LocalHttpServer::refusedBase() : server.base() + route,
+                  withPath ? target.fileName() : QString());
     control.SetRequestHeader(QStringLiteral("X-Probe"), QStringLiteral("1"));
-    QVERIFY(!control.DownOK());
     control.Send_();
-    QVERIFY(control.tmrReader->isActive());
     QTRY_VERIFY(control.DownOK());
 
     QVERIFY(!control.tmrReader->isActive());
-    QCOMPARE(control.ReadyState(), 4);
-    QCOMPARE(arrivals.count(), arrived ? 1 : 0);
+    QCOMPARE(control.Status(), status);
+    QCOMPARE(arrivals.count(), status == 200 ? 1 : 0);
     QStringList texts;
     for (const QList<QVariant>& failure : failures)
         texts.append(failure.at(0).toString());
     QCOMPARE(texts, errors);
-    QCOMPARE(fileText(target), file);
-    if (route == QLatin1String("refused") || route == QLatin1String("/hangup")) {
-        QCOMPARE(control.Status(), 0);
-    } else {
-        QCOMPARE(server.requests.size(), 1);
-        QCOMPARE(server.requests[0].method, QByteArray("GET"));
-        QCOMPARE(server.requests[0].header("X-Probe"), QByteArray("1"));
-    }
+    QVERIFY(target.open(QIODevice::ReadOnly));
+    QCOMPARE(target.readAll(), file);
+    for (const HttpRequest& request : server.requests)
+        QVERIFY(request.method == "GET" && request.headers.value("x-probe") == "1");
 }
 
 void UXmlHttpTest::abortWhilePollingEndsInSilence()
@@ -105,29 +86,76 @@ void UXmlHttpTest::abortWhilePollingEndsInSilence()
     LocalHttpServer server([](const HttpRequest&) { return HttpAnswer::silence(); });
     uXMLHTTP control;
     QSignalSpy ticks(&control, &uXMLHTTP::OnReadyStateChange);
-    QSignalSpy arrivals(&control, &uXMLHTTP::OnDateArrived);
     QSignalSpy failures(&control, &uXMLHTTP::OnDateErr);
-    control.Open_(QStringLiteral("GET"), server.base() + QStringLiteral("/newver.txt"));
+    control.Send_(); // without Open_ nothing polls
+    QVERIFY(!control.tmrReader->isActive());
+    control.Open_(QStringLiteral("GET"), server.base());
     control.Send_();
     QTRY_COMPARE(server.requests.size(), 1);
     QVERIFY(ticks.wait());
-    QVERIFY(ticks.count() >= 1);
 
     control.Abort_();
-    QVERIFY(!control.tmrReader->isActive());
     const qsizetype ticksAtAbort = ticks.count();
     QVERIFY(!failures.wait(200));
     QCOMPARE(ticks.count(), ticksAtAbort);
-    QCOMPARE(arrivals.count(), 0);
     QVERIFY(!control.DownOK());
 }
 
-void UXmlHttpTest::sendWithoutOpenDoesNotPoll()
+void UXmlHttpTest::updateCheck_data()
 {
+    QTest::addColumn<QString>("running");
+    QTest::addColumn<int>("status"); // 0: the connection is refused
+    QTest::addColumn<QByteArray>("file");
+    QTest::addColumn<QString>("message"); // icon and text, empty for none
+    QTest::addColumn<int>("ended");
+
+    const QString newer = QStringLiteral("4:有最新版本：V");
+    QTest::newRow("newer revision") << "1.2.3" << 200 << QByteArray("1.2.4") << newer + "1.2.4" << 1;
+    QTest::newRow("same") << "1.2.3" << 200 << QByteArray("1.2.3") << "" << 1;
+    QTest::newRow("older minor") << "1.2.3" << 200 << QByteArray("1.1.9") << "" << 1;
+    QTest::newRow("older major") << "1.2.3" << 200 << QByteArray("0.9.99") << "" << 1;
+    QTest::newRow("trimmed") << "1.2.3" << 200 << QByteArray("  1.3.0  ") << newer + "1.3.0" << 1;
+    QTest::newRow("two fields") << "1.2.3" << 200 << QByteArray("1.2") << "" << 1;
+    QTest::newRow("four fields") << "1.2.3" << 200 << QByteArray("1.2.3.4") << "" << 1;
+    QTest::newRow("not numeric") << "1.2.3" << 200 << QByteArray("1.x.3") << "" << 1;
+    QTest::newRow("longer than 10") << "1.2.3" << 200 << QByteArray("12345.12345") << "" << 1;
+    QTest::newRow("lost in single precision") << "3.0.0" << 200 << QByteArray("3.0.1") << "" << 1;
+    QTest::newRow("a step in single precision") << "3.0.1" << 200 << QByteArray("3.0.2") << newer + "3.0.2" << 1;
+    QTest::newRow("minor runs into major") << "2.4.303" << 200 << QByteArray("1.1005.0") << newer + "1.1005.0" << 1;
+    QTest::newRow("a field too large fails the handler") << "1.2.3" << 200 << QByteArray("1e40.0.0") << "" << 0;
+    QTest::newRow("404") << "1.2.3" << 404 << QByteArray() << "1:请保持网络畅通！" << 1;
+    QTest::newRow("refused") << "1.2.3" << 0 << QByteArray() << "1:请保持网络畅通！" << 1;
+    QTest::newRow("12029 is never heard of") << "1.2.3" << 12029 << QByteArray() << "" << 0;
+}
+
+void UXmlHttpTest::updateCheck()
+{
+    QFETCH(QString, running);
+    QFETCH(int, status);
+    QFETCH(QByteArray, file);
+    QFETCH(QString, message);
+    QFETCH(int, ended);
+
+    LocalHttpServer server([&](const HttpRequest&) { return status == 200 ? HttpAnswer::ok(file) : HttpAnswer::withStatus(status); });
+    const QString vendor = (status ? server.base() : LocalHttpServer::refusedBase()) + QStringLiteral("/vendor/");
+    const QStringList version = running.split(QLatin1Char('.'));
+    FakeMessages messages;
+    FakeLauncher launcher;
     uXMLHTTP control;
-    control.Send_();
-    QVERIFY(!control.tmrReader->isActive());
-    QCOMPARE(control.tmrReader->interval(), 10);
+    int endings = 0;
+    UpdateCheck updateCheck(control, messages, launcher, vendor, {version[0].toInt(), version[1].toInt(), version[2].toInt()},
+                      [&] { ++endings; });
+    updateCheck.StartUpdateCheck();
+    QTRY_VERIFY(control.DownOK());
+
+    QCOMPARE(server.targets(), status ? QList<QByteArray>{"/vendor/chengchuan/newver.txt"} : QList<QByteArray>());
+    QStringList shown;
+    for (const ShownMessage& shownMessage : messages.shown)
+        shown.append(QString::number(int(shownMessage.icon)) + ":" + shownMessage.text);
+    QCOMPARE(shown, message.isEmpty() ? QStringList() : QStringList{message});
+    QCOMPARE(launcher.addresses, message.startsWith('4') ? QStringList{vendor + "chengchuan/"} : QStringList());
+    QCOMPARE(endings, ended);
+    QVERIFY(!updateCheckService(messages, launcher, QString())); // no update server: no check at all
 }
 
 QTEST_GUILESS_MAIN(UXmlHttpTest)

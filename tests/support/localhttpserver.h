@@ -7,8 +7,8 @@
 
 #include <QByteArray>
 #include <QList>
+#include <QMap>
 #include <QObject>
-#include <QPair>
 #include <QString>
 #include <QTcpServer>
 
@@ -18,25 +18,22 @@ class QTcpSocket;
 
 struct HttpRequest {
     QByteArray method;
-    QByteArray target; // path and query, as sent
-    QList<QPair<QByteArray, QByteArray>> headers;
-
-    QByteArray header(const QByteArray& name) const;
+    QByteArray target;                     // path and query, as sent
+    QMap<QByteArray, QByteArray> headers; // names in lower case
 };
 
 struct HttpAnswer {
     enum Kind { Answer, Silence, HangUp };
 
     int status = 200;
-    QByteArray reason = "OK";
-    QList<QPair<QByteArray, QByteArray>> headers;
+    QMap<QByteArray, QByteArray> headers;
     QByteArray body;
     Kind kind = Answer;
 
-    static HttpAnswer ok(const QByteArray& body, const QByteArray& contentType = "text/plain");
-    static HttpAnswer withStatus(int status, const QByteArray& reason, const QByteArray& body = {});
-    static HttpAnswer silence() { return {0, {}, {}, {}, Silence}; }
-    static HttpAnswer hangUp() { return {0, {}, {}, {}, HangUp}; }
+    static HttpAnswer ok(const QByteArray& body) { return {200, {}, body}; }
+    static HttpAnswer withStatus(int status) { return {status, {}, "<html>" + QByteArray::number(status) + "</html>"}; }
+    static HttpAnswer silence() { return {0, {}, {}, Silence}; }
+    static HttpAnswer hangUp() { return {0, {}, {}, HangUp}; }
 };
 
 class LocalHttpServer : public QObject {
@@ -45,14 +42,15 @@ class LocalHttpServer : public QObject {
 public:
     using Handler = std::function<HttpAnswer(const HttpRequest&)>;
 
-    explicit LocalHttpServer(Handler handler, QObject* parent = nullptr);
+    explicit LocalHttpServer(Handler handler);
 
     // "http://127.0.0.1:PORT", no trailing slash.
     QString base() const;
-    QList<HttpRequest> requests;
-
     // An address where nothing listens: connections to it are refused.
     static QString refusedBase();
+
+    QList<HttpRequest> requests;
+    QList<QByteArray> targets() const;
 
 private:
     void serve(QTcpSocket* socket);
