@@ -249,13 +249,28 @@ void HtmlElement::setTarget(const QString& target)
         m_document->m_targets.insert(m_node, target);
 }
 
-HtmlDocument::HtmlDocument(const QString& html, const QUrl& url)
-    : m_html(html),
-      m_utf8(html.toUtf8()),
-      m_url(url),
-      m_base(url),
-      m_output(gumbo_parse_with_options(&kGumboDefaultOptions, m_utf8.constData(), size_t(m_utf8.size())))
+void* HtmlDocument::Arena::allocate(size_t bytes)
 {
+    bytes = (bytes + 15) & ~size_t(15);
+    if (blocks.empty() || used + bytes > size) {
+        size = std::max<size_t>(bytes, 256 * 1024);
+        blocks.push_back(std::make_unique<char[]>(size));
+        used = 0;
+    }
+    void* block = blocks.back().get() + used;
+    used += bytes;
+    return block;
+}
+
+HtmlDocument::HtmlDocument(const QString& html, const QUrl& url)
+    : m_html(html), m_utf8(html.toUtf8()), m_url(url), m_base(url), m_options(new GumboOptions(kGumboDefaultOptions))
+{
+    m_options->userdata = &m_arena;
+    m_options->allocator = [](void* arena, size_t bytes) { return static_cast<Arena*>(arena)->allocate(bytes); };
+    m_options->deallocator = [](void*, void*) {}; // the blocks go with the document
+    m_options->max_errors = 0; // parse errors are of no use here
+    m_output = gumbo_parse_with_options(m_options.get(), m_utf8.constData(), size_t(m_utf8.size()));
+
     const QList<HtmlElement> bases = getElementsByTagName(QStringLiteral("base"));
     for (const HtmlElement& base : bases) {
         if (gumbo_get_attribute(&base.m_node->v.element.attributes, "href")) {
@@ -265,10 +280,7 @@ HtmlDocument::HtmlDocument(const QString& html, const QUrl& url)
     }
 }
 
-HtmlDocument::~HtmlDocument()
-{
-    gumbo_destroy_output(&kGumboDefaultOptions, m_output);
-}
+HtmlDocument::~HtmlDocument() = default; // the arena holds all that gumbo made
 
 QList<HtmlElement> HtmlDocument::getElementsByTagName(const QString& tagName)
 {

@@ -11,7 +11,11 @@
 #include <QString>
 #include <QUrl>
 
+#include <memory>
+#include <vector>
+
 struct GumboInternalNode;
+struct GumboInternalOptions;
 struct GumboInternalOutput;
 class HtmlDocument;
 
@@ -64,10 +68,21 @@ public:
 private:
     friend class HtmlElement;
 
+    // Gumbo's nodes and strings live in blocks that go with the document:
+    // parsing a page then costs no allocation of its own.
+    struct Arena {
+        std::vector<std::unique_ptr<char[]>> blocks;
+        size_t used = 0;
+        size_t size = 0;
+        void* allocate(size_t bytes);
+    };
+
     QString m_html;
     QByteArray m_utf8; // what gumbo parsed; its nodes point into it
     QUrl m_url;
     QUrl m_base;
+    Arena m_arena;
+    std::unique_ptr<GumboInternalOptions> m_options;
     GumboInternalOutput* m_output;
     QHash<const GumboInternalNode*, QString> m_targets; // targets set from outside
 };
