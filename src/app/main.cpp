@@ -18,6 +18,10 @@ int main(int argc, char* argv[])
     QApplication::setApplicationVersion(
         QStringLiteral("%1.%2.%3").arg(appinfo::major).arg(appinfo::minor).arg(appinfo::revision));
     programstyle::applyTo(application);
+    // The main window's unload ends the process. Until the main window shows,
+    // a message of the start (the update check's) may be the only window that
+    // closes, and that must not end the program.
+    QApplication::setQuitOnLastWindowClosed(false);
 
     const QString settingsFolder =
         QDir(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation)).filePath(appinfo::exeName());

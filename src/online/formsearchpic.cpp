@@ -7,6 +7,7 @@
 #include "windowkit/controls.h"
 
 #include <QFrame>
+#include <QImage>
 #include <QLabel>
 #include <QPushButton>
 #include <QStatusBar>
@@ -15,13 +16,25 @@
 namespace {
 
 // The page as the user sees it: read-only, links reported and never followed
-// by the view itself, and nothing fetched for it: no pictures, no files.
+// by the view itself, and nothing fetched for it: a picture stays blank.
 class PageViewer final : public QTextBrowser {
 public:
     using QTextBrowser::QTextBrowser;
 
-    QVariant loadResource(int, const QUrl&) override { return {}; }
+    QVariant loadResource(int type, const QUrl&) override
+    {
+        if (type != QTextDocument::ImageResource)
+            return {};
+        QImage blank(1, 1, QImage::Format_ARGB32);
+        blank.fill(Qt::transparent);
+        return blank;
+    }
 };
+
+// The site's own style sheet is not fetched: the balls of a draw keep the
+// colours they have on the site, red and blue, and the cells some room.
+const QString pageStyle = QStringLiteral("em { font-style: normal; font-weight: bold; color: #1450a0; }"
+                                         "em.rr { color: #d01010; } td { padding: 2px 6px; }");
 
 constexpr int windowWidth = 960;
 constexpr int windowHeight = 680;
@@ -58,6 +71,7 @@ FormSearchPic::FormSearchPic(AppContext& context, DrawHistory& history, QWidget*
     PageView->setObjectName(QStringLiteral("PageView"));
     PageView->setOpenLinks(false);
     PageView->setOpenExternalLinks(false);
+    PageView->document()->setDefaultStyleSheet(pageStyle);
     StatusBar1->setObjectName(QStringLiteral("StatusBar1"));
     StatusBar1->setSizeGripEnabled(false);
     StatusBar1->setGeometry(0, windowHeight - statusHeight, windowWidth, statusHeight);
