@@ -48,13 +48,7 @@ QString PageBrowser::LocationURL() const
 void PageBrowser::dropNavigation()
 {
     ++m_navigation;
-    if (!m_reply)
-        return;
-    QNetworkReply* reply = m_reply;
-    m_reply = nullptr;
-    reply->disconnect(this);
-    reply->abort();
-    reply->deleteLater();
+    abandonReply(m_reply, this);
 }
 
 void PageBrowser::Navigate(const QString& url)
@@ -73,10 +67,9 @@ void PageBrowser::Navigate(const QString& url)
     connect(reply, &QNetworkReply::finished, this, [this, reply, url] {
         m_reply = nullptr;
         reply->deleteLater();
-        const QString html = isConnectionFailure(reply->error())
-                                 ? errorPage(reply->errorString())
-                                 : pagetext::decodePage(reply->readAll(),
-                                                        reply->header(QNetworkRequest::ContentTypeHeader).toByteArray());
+        const QByteArray contentType = reply->header(QNetworkRequest::ContentTypeHeader).toByteArray();
+        const QString html = isConnectionFailure(reply->error()) ? errorPage(reply->errorString())
+                                                                 : pagetext::decodePage(reply->readAll(), contentType);
         // The address after the redirects is the one showing; a page that
         // could not be fetched keeps the address asked for.
         arrive(url, html, isConnectionFailure(reply->error()) ? QUrl(url) : reply->url());

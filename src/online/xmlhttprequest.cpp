@@ -9,27 +9,26 @@ bool isConnectionFailure(QNetworkReply::NetworkError error)
     return error != QNetworkReply::NoError && error < QNetworkReply::ContentAccessDenied;
 }
 
+void abandonReply(QPointer<QNetworkReply>& reply, QObject* receiver)
+{
+    if (QNetworkReply* going = reply) {
+        reply = nullptr;
+        going->disconnect(receiver);
+        going->abort();
+        going->deleteLater();
+    }
+}
+
 XmlHttpRequest::XmlHttpRequest(QObject* parent) : QObject(parent) {}
 
 XmlHttpRequest::~XmlHttpRequest()
 {
-    dropReply();
-}
-
-void XmlHttpRequest::dropReply()
-{
-    if (!m_reply)
-        return;
-    QNetworkReply* reply = m_reply;
-    m_reply = nullptr;
-    reply->disconnect(this);
-    reply->abort();
-    reply->deleteLater();
+    abandonReply(m_reply, this);
 }
 
 void XmlHttpRequest::Open(const QString& method, const QString& url)
 {
-    dropReply();
+    abandonReply(m_reply, this);
     m_request = QNetworkRequest(QUrl(url));
     m_request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::NoLessSafeRedirectPolicy);
     m_method = method.toLatin1();
@@ -65,7 +64,7 @@ void XmlHttpRequest::send(const QString& body)
 
 void XmlHttpRequest::abort()
 {
-    dropReply();
+    abandonReply(m_reply, this);
     m_answered = false;
     m_status = 0;
     m_readyState = 0;
@@ -134,6 +133,7 @@ QByteArray XmlHttpRequest::ResponseBody() const
 
 QString XmlHttpRequest::ResponseText() const
 {
-    return m_readyState == 4 ? pagetext::decodeText(m_body, GetResponseHeader(QStringLiteral("Content-Type")).toLatin1())
-                             : QString();
+    if (m_readyState != 4)
+        return {};
+    return pagetext::decodeText(m_body, GetResponseHeader(QStringLiteral("Content-Type")).toLatin1());
 }

@@ -24,6 +24,10 @@
 // failed. A request that ends so has no HTTP status of its own.
 bool isConnectionFailure(QNetworkReply::NetworkError error);
 
+// Lets a reply under way go: its signals no longer reach `receiver`, it is
+// aborted and deleted, and `reply` is left empty.
+void abandonReply(QPointer<QNetworkReply>& reply, QObject* receiver);
+
 class XmlHttpRequest : public QObject {
     Q_OBJECT
 
@@ -49,7 +53,6 @@ public:
     QString ResponseText() const;
 
 private:
-    void dropReply();
     void readHead();
     void finish();
 

@@ -22,9 +22,8 @@ QString LocalHttpServer::base() const
 
 QString LocalHttpServer::refusedBase()
 {
-    QTcpServer probe;
-    probe.listen(QHostAddress::LocalHost, 0);
-    return QStringLiteral("http://127.0.0.1:%1").arg(probe.serverPort()); // closed as it goes
+    QTcpServer probe; // a port free a moment ago, closed again as the probe goes
+    return QStringLiteral("http://127.0.0.1:%1").arg(probe.listen(QHostAddress::LocalHost, 0) ? probe.serverPort() : 1);
 }
 
 QList<QByteArray> LocalHttpServer::targets() const
@@ -46,8 +45,10 @@ void LocalHttpServer::serve(QTcpSocket* socket)
     const QList<QByteArray> lines = head.left(head.indexOf("\r\n\r\n")).split('\n');
     const QList<QByteArray> requestLine = lines.value(0).trimmed().split(' ');
     HttpRequest request{requestLine.value(0), requestLine.value(1), {}};
-    for (const QByteArray& line : lines.mid(1))
-        request.headers.insert(line.left(line.indexOf(':')).trimmed().toLower(), line.mid(line.indexOf(':') + 1).trimmed());
+    for (const QByteArray& line : lines.mid(1)) {
+        const qsizetype colon = line.indexOf(':');
+        request.headers.insert(line.left(colon).trimmed().toLower(), line.mid(colon + 1).trimmed());
+    }
     requests.append(request);
 
     const HttpAnswer answer = m_handler(request);

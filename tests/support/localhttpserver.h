@@ -33,7 +33,6 @@ struct HttpAnswer {
     static HttpAnswer ok(const QByteArray& body) { return {200, {}, body}; }
     static HttpAnswer withStatus(int status) { return {status, {}, "<html>" + QByteArray::number(status) + "</html>"}; }
     static HttpAnswer silence() { return {0, {}, {}, Silence}; }
-    static HttpAnswer hangUp() { return {0, {}, {}, HangUp}; }
 };
 
 class LocalHttpServer : public QObject {

@@ -23,7 +23,7 @@ QString pageHtml(int page, int pageCount)
 {
     QString html = QStringLiteral(R"(<!DOCTYPE html PUBLIC "-//W3C//DTD XHTML 1.0 Transitional//EN"><html><head>
 <meta http-equiv="Content-Type" content="text/html; charset=gb2312" /><title>双色球往期回顾</title>
-<script type="text/javascript">window.onload = function () { window.status = '中彩网'; };</script></head><body>
+<script type="text/javascript">window.status = '中彩网';</script></head><body>
 <table class="wqhgt" width="100%" border="0" cellspacing="0" cellpadding="0">
   <tr><td rowspan="2">开奖日期</td><td rowspan="2">期号</td><td rowspan="2">中奖号码</td><td rowspan="2">销售额(元)</td>
     <td colspan="2">中奖注数</td><td rowspan="2">详细</td></tr>
@@ -33,25 +33,26 @@ QString pageHtml(int page, int pageCount)
     for (qsizetype row = 0; row < draws.size(); ++row) {
         QString balls;
         for (qsizetype ball = 0; ball < 7; ++ball)
-            balls += (row % 2 ? "" : "\n      ") + QString(ball < 6 ? "<em class=\"rr\">" : "<em>") + draws[row].balls[ball]
-                     + "</em>";
+            balls += (row % 2 ? "" : "\n      ") + QString(ball < 6 ? "<em class=\"rr\">" : "<em>")
+                     + draws[row].balls[ball] + "</em>";
+        const QDate date = QDate(2016, 12, 29).addDays(-((page - 1) * 20 + row) * 7 / 3);
         html += QStringLiteral(R"(  <tr>
-    <td align="center">%1</td>
-    <td align="center">%2</td>
-    <td align="center" style="padding-left:10px;">%3</td>
+    <td align="center">%1</td> <td align="center">%2</td> <td align="center" style="padding-left:10px;">%3</td>
     <td><strong>351,584,786</strong></td><td align="left" style="color:#999;"><strong>%4</strong></td>
     <td align="center"><strong class="rc">%5</strong></td>
-    <td><a href="http://www.zhcw.com/ssq/kjgg/%2.shtml" target="_blank"><img src="/images/kjgg.gif" /></a></td>
-  </tr>
-)").arg(QDate(2016, 12, 29).addDays(-((page - 1) * 20 + row) * 7 / 3).toString(Qt::ISODate), draws[row].issue, balls,
-        QString::number(row % 9), QString::number(100 + row));
+    <td><a href="http://www.zhcw.com/ssq/kjgg/%2.shtml" target="_blank"><img src="/images/kjgg.gif" /></a></td></tr>
+)").arg(date.toString(Qt::ISODate), draws[row].issue, balls, QString::number(row % 9), QString::number(100 + row));
     }
-    QString pager = QStringLiteral("共<strong>%1</strong> 页 /<strong>%2 </strong>条记录 ").arg(pageCount).arg(pageCount * 20);
+    QString pager = QStringLiteral("共<strong>%1</strong> 页 /<strong>%2 </strong>条记录 ").arg(pageCount);
+    pager = pager.arg(pageCount * 20);
+    const QString link = QStringLiteral("<strong><a href=\"/zhcw/inc/ssq/ssq_wqhg.jsp?pageNum=%1\">%2</a></strong> ");
     for (const auto& [target, caption] : {std::pair{1, "首页"}, {std::max(1, page - 1), "上一页"},
                                           {std::min(pageCount, page + 1), "下一页"}, {pageCount, "末页"}})
-        pager += QStringLiteral("<strong><a href=\"/zhcw/inc/ssq/ssq_wqhg.jsp?pageNum=%1\">%2</a></strong> ").arg(target).arg(caption);
-    return html + QStringLiteral("  <tr><td colspan=\"7\"><p class=\"pg\"> %1当前第<strong>%2</strong>页</p></td></tr>\n</table>\n"
-                                 "<a href=\"http://www.zhcw.com/\">中彩网首页</a></body></html>\n").arg(pager).arg(page);
+        pager += link.arg(target).arg(caption);
+    return html + QStringLiteral("  <tr><td colspan=\"7\"><p class=\"pg\"> %1当前第<strong>%2</strong>页</p></td></tr>\n"
+                                 "</table>\n<a href=\"http://www.zhcw.com/\">中彩网首页</a></body></html>\n")
+                      .arg(pager)
+                      .arg(page);
 }
 
 QByteArray gbk(const QString& text)
@@ -64,10 +65,11 @@ LocalHttpServer::Handler site(int servedPages, int pageCount)
 {
     return [servedPages, pageCount](const HttpRequest& request) {
         const QByteArray first = "/zhcw/inc/ssq/ssq_wqhg.jsp";
+        const QByteArray query = first + "?pageNum=";
         const int page = request.target == first ? 1
-                         : request.target.startsWith(first + "?pageNum=") ? request.target.mid(first.size() + 9).toInt()
-                                                                           : 0;
-        return page < 1 || page > servedPages ? HttpAnswer::withStatus(404) : HttpAnswer::ok(gbk(pageHtml(page, pageCount)));
+                         : request.target.startsWith(query) ? request.target.mid(query.size()).toInt() : 0;
+        return page < 1 || page > servedPages ? HttpAnswer::withStatus(404)
+                                              : HttpAnswer::ok(gbk(pageHtml(page, pageCount)));
     };
 }
 
