@@ -13,7 +13,7 @@ esac
 packages=(
   g++ cmake ninja-build pkg-config
   qt6-base-dev qt6-base-dev-tools libqt6opengl6-dev qt6-charts-dev qt6-qpa-plugins libgl-dev
-  fonts-noto-cjk qt6-translations-l10n desktop-file-utils
+  libgumbo-dev fonts-noto-cjk qt6-translations-l10n desktop-file-utils
 )
 missing=()
 for package in "${packages[@]}"; do

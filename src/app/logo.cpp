@@ -1,5 +1,6 @@
 #include "app/logo.h"
 
+#include "online/uxmlhttp.h"
 #include "windowkit/appcontext.h"
 #include "windowkit/twips.h"
 
@@ -16,6 +17,7 @@ Logo::Logo(AppContext& context, QWidget& mainForm)
     : QWidget(nullptr, Qt::SplashScreen | Qt::FramelessWindowHint),
       Image1(new QLabel(this)),
       Timer1(new QTimer(this)),
+      uXMLHTTP2(new uXMLHTTP(this)),
       m_context(context),
       m_mainForm(mainForm)
 {
@@ -51,7 +53,7 @@ void Logo::Form_Load()
         startup.setBrowserEmulation(QStringLiteral("IE10"), true);
     if (startup.startUpdateCheck) {
         m_updateCheckSent = true;
-        startup.startUpdateCheck([self = QPointer<Logo>(this)] {
+        startup.startUpdateCheck(*uXMLHTTP2, [self = QPointer<Logo>(this)] {
             if (self)
                 ++self->m_requestsEnded;
         });

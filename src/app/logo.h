@@ -10,6 +10,7 @@
 class AppContext;
 class QLabel;
 class QTimer;
+class uXMLHTTP;
 
 class Logo : public QWidget {
     Q_OBJECT
@@ -27,6 +28,7 @@ public:
 
     QLabel* Image1;
     QTimer* Timer1;
+    uXMLHTTP* uXMLHTTP2; // carries the update check
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

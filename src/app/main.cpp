@@ -1,10 +1,11 @@
-#include "windowkit/appcontext.h"
 #include "app/mainform.h"
+#include "online/updatecheck.h"
 #include "platform/appinfo.h"
 #include "platform/osname.h"
 #include "platform/programfolder.h"
 #include "platform/systemservices.h"
 #include "settings/settingsstore.h"
+#include "windowkit/appcontext.h"
 #include "windowkit/desktopservices.h"
 #include "windowkit/programstyle.h"
 #include "windowkit/toolkitchinese.h"
@@ -21,6 +22,10 @@ int main(int argc, char* argv[])
         QStringLiteral("%1.%2.%3").arg(appinfo::major).arg(appinfo::minor).arg(appinfo::revision));
     programstyle::applyTo(application);
     toolkitchinese::load(application);
+    // The main window's unload ends the process. Until the main window shows,
+    // a message of the start (the update check's) may be the only window that
+    // closes, and that must not end the program.
+    QApplication::setQuitOnLastWindowClosed(false);
 
     const QString settingsFolder =
         QDir(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation)).filePath(appinfo::exeName());
@@ -41,6 +46,7 @@ int main(int argc, char* argv[])
     context.startup.addressWidth = osname::addressWidth;
     // setBrowserEmulation stays unset: the online import embeds no Windows
     // browser on Linux, so the splash's load skips that step.
+    context.startup.startUpdateCheck = updateCheckService(messages, launcher, context.addresses.vendorBaseUrl);
 
     MainForm mainForm(context);
     mainForm.Form_Load();

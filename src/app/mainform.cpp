@@ -14,6 +14,7 @@
 #include "history/forminput.h"
 #include "history/historyfile.h"
 #include "history/numbercolumns.h"
+#include "online/formsearchpic.h"
 #include "platform/appinfo.h"
 #include "platform/textrules.h"
 #include "settings/ballranges.h"
@@ -420,7 +421,21 @@ void MainForm::menu导入_Click()
     setCountPanel();
 }
 
-void MainForm::menu在线导入最新开奖数据_Click() {}
+void MainForm::menu在线导入最新开奖数据_Click()
+{
+    // Failures are ignored statement by statement: a row that stops the
+    // number column pass ends the pass only, and it comes last.
+    {
+        FormSearchPic form(m_context, m_history, this);
+        form.exec();
+    }
+    setCountPanel();
+    try {
+        menu拆分八位数字_Click();
+    } catch (const RuntimeError&) {
+        // The rows behind the one that stopped it stay without number columns.
+    }
+}
 
 void MainForm::menu清空_Click()
 {

@@ -17,6 +17,7 @@
 #include <utility>
 
 class SettingsStore;
+class uXMLHTTP;
 
 // The services that the splash window's load calls, one step each. A service
 // that is missing makes its step fall away.
@@ -24,8 +25,9 @@ struct StartupServices {
     std::function<QString()> getOSName;
     std::function<QString()> addressWidth; // "32" when it can't be told
     std::function<void(const QString& version, bool force)> setBrowserEmulation;
-    // Sends the update check; `ended` is called once when it has ended, either way.
-    std::function<void(std::function<void()> ended)> startUpdateCheck;
+    // Sends the update check on the splash window's download control; `ended`
+    // is called once when it has ended, either way.
+    std::function<void(uXMLHTTP& uXMLHTTP2, std::function<void()> ended)> startUpdateCheck;
 };
 
 struct AppContext {

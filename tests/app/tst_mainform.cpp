@@ -159,8 +159,10 @@ void MainFormTest::splashWaitsForTheUpdateCheck()
     app.context.startup.setBrowserEmulation = [&](const QString& version, bool force) {
         calls << version + (force ? "+" : "-");
     };
-    app.context.startup.startUpdateCheck = [&](std::function<void()> ended) {
+    const uXMLHTTP* checkedOn = nullptr;
+    app.context.startup.startUpdateCheck = [&](uXMLHTTP& control, std::function<void()> ended) {
         calls << "check";
+        checkedOn = &control;
         endCheck = std::move(ended);
     };
     MainForm form(app.context);
@@ -169,6 +171,7 @@ void MainFormTest::splashWaitsForTheUpdateCheck()
     QCOMPARE(app.context.OsDescription, QStringLiteral("Debian 12[64位]"));
 
     QPointer<Logo> logo = form.logo();
+    QCOMPARE(checkedOn, logo->uXMLHTTP2);
     logo->Timer1_Timer();
     QVERIFY(form.isVisible());
     QVERIFY(logo && !logo->isVisible());

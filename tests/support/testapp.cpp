@@ -22,7 +22,7 @@ TestApp::TestApp()
     : m_settings(makeSettings(m_folder)),
       context(m_folder.path(), *m_settings, messages, clipboard, launcher, fileDialogs, random, clock, process,
               SiteAddresses{QStringLiteral("http://127.0.0.1:9"), QStringLiteral("http://127.0.0.1:9/maker/"),
-                            QStringLiteral("maker@127.0.0.1")})
+                            QStringLiteral("maker@127.0.0.1"), QStringLiteral("http://127.0.0.1:9/vendor/")})
 {
 }
 

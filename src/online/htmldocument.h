@@ -1,0 +1,88 @@
+#pragma once
+
+// A page as its scripts see it: parsed by gumbo as a browser parses HTML,
+// with the few document operations that the online import uses. Tables come
+// in document order, a table's rows leave out those of tables nested in it,
+// a cell's innertext is its text as a browser renders it, and links give
+// their absolute address and carry a writable target.
+
+#include <QHash>
+#include <QList>
+#include <QString>
+#include <QUrl>
+
+#include <memory>
+#include <vector>
+
+struct GumboInternalNode;
+struct GumboInternalOptions;
+struct GumboInternalOutput;
+class HtmlDocument;
+
+// One element of a document; it lives as long as its document.
+class HtmlElement {
+public:
+    HtmlElement() = default;
+
+    bool isNull() const { return m_node == nullptr; }
+
+    // Of a table: its rows, those of its head first, then those of its
+    // bodies and its own in document order, then those of its foot.
+    QList<HtmlElement> Rows() const;
+    // Of a row: its td and th cells.
+    QList<HtmlElement> Cells() const;
+    // The text as a browser renders it: markup removed, blanks collapsed as
+    // an HTML page collapses them, nothing added between inline elements,
+    // line breaks for blocks and <br>, a tab between the cells of a row.
+    QString innertext() const;
+    // Of a link: its address made absolute against the page; empty for a
+    // link with no address.
+    QString href() const;
+    QString Target() const;
+    void setTarget(const QString& target);
+
+private:
+    friend class HtmlDocument;
+    HtmlElement(HtmlDocument* document, const GumboInternalNode* node) : m_document(document), m_node(node) {}
+
+    HtmlDocument* m_document = nullptr;
+    const GumboInternalNode* m_node = nullptr;
+};
+
+class HtmlDocument {
+public:
+    // `url` is the page's address; links resolve against it, or against the
+    // page's own <base href> where it has one.
+    HtmlDocument(const QString& html, const QUrl& url);
+    ~HtmlDocument();
+    HtmlDocument(const HtmlDocument&) = delete;
+    HtmlDocument& operator=(const HtmlDocument&) = delete;
+
+    const QString& html() const { return m_html; }
+    const QUrl& url() const { return m_url; }
+
+    // Every element of that name, compared without regard to case, in
+    // document order.
+    QList<HtmlElement> getElementsByTagName(const QString& tagName);
+
+private:
+    friend class HtmlElement;
+
+    // Gumbo's nodes and strings live in blocks that go with the document:
+    // parsing a page then costs no allocation of its own.
+    struct Arena {
+        std::vector<std::unique_ptr<char[]>> blocks;
+        size_t used = 0;
+        size_t size = 0;
+        void* allocate(size_t bytes);
+    };
+
+    QString m_html;
+    QByteArray m_utf8; // what gumbo parsed; its nodes point into it
+    QUrl m_url;
+    QUrl m_base;
+    Arena m_arena;
+    std::unique_ptr<GumboInternalOptions> m_options;
+    GumboInternalOutput* m_output;
+    QHash<const GumboInternalNode*, QString> m_targets; // targets set from outside
+};

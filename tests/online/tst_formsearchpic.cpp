@@ -1,0 +1,127 @@
+#include "history/drawhistory.h"
+#include "localhttpserver.h"
+#include "online/formsearchpic.h"
+#include "online/onlineimport.h"
+#include "online/pagebrowser.h"
+#include "sitepages.h"
+#include "testapp.h"
+
+#include <QLabel>
+#include <QPushButton>
+#include <QSet>
+#include <QTextBrowser>
+#include <QtTest>
+
+namespace {
+
+const QByteArray pagePath = "/zhcw/inc/ssq/ssq_wqhg.jsp?pageNum=";
+
+bool told(const FakeMessages& m, const QString& text)
+{
+    return m.shown.size() == 1 && m.shown[0].icon == MessageIcon::Information && m.shown[0].text == text;
+}
+
+} // namespace
+
+class FormSearchPicTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void pagesCommandsAndLinks();
+    void menuImportsEveryPageOnce_data();
+    void menuImportsEveryPageOnce();
+};
+
+void FormSearchPicTest::pagesCommandsAndLinks()
+{
+    TestApp app;
+    FormSearchPic* window = nullptr;
+    QList<bool> command2Enabled; // when a page is asked for
+    LocalHttpServer server([&, site = sitepages::site(100)](const HttpRequest& request) {
+        command2Enabled.append(window && window->Command2->isEnabled());
+        return site(request);
+    });
+    app.context.DrawSiteBase = server.base();
+    DrawHistory history;
+    FormSearchPic form(app.context, history);
+    window = &form;
+    QCOMPARE((QStringList{form.windowTitle(), form.Command1->text(), form.Command2->text(), form.Command6->text(),
+                          form.Command3->text(), form.Label1->text(), form.StatusBar1Panel1->text(),
+                          form.StatusBar1Panel2->text()}),
+             (QStringList{"在线导入开奖历史到主界面列表", "数据首页", "下一页", "导入当前页数据", "导入全部页数据",
+                          "欢迎使用澄川软件！", "澄川软件", "目前是第1页。"}));
+    const sitepages::Draw newest = sitepages::drawsOf(1)[0];
+    QTRY_VERIFY(form.PageView->toPlainText().contains(newest.issue));
+    form.Command6->click();
+    QVERIFY(told(app.messages, "已经导入数据：20条。"));
+    QCOMPARE(history.text(0) + " " + history.subItem(0, 1), newest.issue + " " + newest.balls.join(' ') + " 00");
+
+    // Page 2 always: the site's addresses leave the page number at 1.
+    form.Command2->click();
+    form.Command2->click();
+    QCOMPARE(form.import().PageNumber, 1);
+    // Only the site's paging links lead anywhere.
+    QSignalSpy completed(form.WebBrowser1, &PageBrowser::DocumentComplete);
+    emit form.PageView->anchorClicked(QUrl(QStringLiteral("/zhcw/inc/ssq/other.jsp?pageNum=3")));
+    QVERIFY(!completed.wait(300));
+    emit form.PageView->anchorClicked(QUrl(QString::fromLatin1(pagePath + "3")));
+    QVERIFY(completed.wait());
+    QCOMPARE(server.targets(), (QList<QByteArray>{"/zhcw/inc/ssq/ssq_wqhg.jsp", pagePath + "2", pagePath + "2",
+                                                  pagePath + "3"}));
+    QCOMPARE(command2Enabled, (QList<bool>{true, false, false, true}));
+    QVERIFY(form.PageView->toPlainText().contains(sitepages::drawsOf(3)[0].issue));
+
+    // Addresses in ".html" set the page number.
+    for (const char* name : {"list_7.html", "List_8.html", "list.html"}) {
+        form.WebBrowser1->Navigate(server.base() + "/ssq/" + name);
+        QVERIFY(completed.wait());
+    }
+    QCOMPARE(form.import().PageNumber, 1);
+    QCOMPARE(form.StatusBar1Panel2->text(), QStringLiteral("目前是第7页。"));
+}
+
+void FormSearchPicTest::menuImportsEveryPageOnce_data()
+{
+    QTest::addColumn<QString>("historyRow");
+    QTest::addColumn<QString>("firstBall"); // of the first imported draw once the pass has run
+    QTest::newRow("good rows") << "1999001*=*01 02 03 04 05 06 07 00*=*01" << sitepages::drawsOf(1)[0].balls[0];
+    // A row of seven numbers stops the pass before the imported rows; nothing else follows from it.
+    QTest::newRow("a row that stops the pass") << "1999001*=*01 02 03 04 05 06 07*=*01" << QString();
+}
+
+void FormSearchPicTest::menuImportsEveryPageOnce()
+{
+    QFETCH(QString, historyRow);
+    QFETCH(QString, firstBall);
+
+    // Page 3 never comes: the wait ends by the clock, and page 2, still showing, is read again.
+    LocalHttpServer server([site = sitepages::site(118)](const HttpRequest& request) {
+        return request.target.endsWith("pageNum=3") ? HttpAnswer::silence() : site(request);
+    });
+    StartedMainForm started({historyRow});
+    started.app.context.DrawSiteBase = server.base();
+    QTimer clockTick; // the program's clock goes on as the real one does
+    QDateTime& now = started.app.clock.current;
+    connect(&clockTick, &QTimer::timeout, [&] { now = now.addMSecs(50); });
+    clockTick.start(50);
+    bool command3Back = false;
+    whenWindowShown<FormSearchPic>([&](FormSearchPic* form) {
+        form->import().pageWaitSeconds = 1.0;
+        form->Command3->click();
+        command3Back = form->Command3->isEnabled();
+        form->close();
+    });
+    started.form.menu在线导入最新开奖数据->trigger();
+
+    QVERIFY(told(started.app.messages, "导入完成! 已经导入数据：1700条。") && command3Back);
+    const QStringList issues = issuesOf(started.form.history());
+    QCOMPARE(QSet<QString>(issues.begin(), issues.end()).size(), 1 + 84 * 20); // every draw once, but page 3's
+    QVERIFY(issues.contains(sitepages::drawsOf(85)[19].issue) && !issues.contains(sitepages::drawsOf(3)[0].issue));
+    const QList<QByteArray> asked = server.targets().mid(server.targets().indexOf(pagePath + "1"));
+    QVERIFY(asked.size() == 85 && asked.last() == pagePath + "85"); // pages 1 to 85, then no more
+    QCOMPARE(started.form.StatusBar1Panel(3)->text(), QStringLiteral("彩票期数：1681"));
+    QCOMPARE(started.form.history().subItem(1, 2), firstBall);
+}
+
+QTEST_MAIN(FormSearchPicTest)
+#include "tst_formsearchpic.moc"
