@@ -6,6 +6,8 @@
 #include <QClipboard>
 #include <QDesktopServices>
 #include <QFileDialog>
+#include <QFontMetrics>
+#include <QGridLayout>
 #include <QMessageBox>
 #include <QProcess>
 #include <QUrl>
@@ -36,6 +38,18 @@ QMessageBox::Icon boxIcon(MessageIcon icon)
     return QMessageBox::NoIcon;
 }
 
+// A short text makes a narrow box, in whose title bar the window system would
+// cut the program's title: the box is made wide enough to show it whole, with
+// room for the frame's own buttons.
+int showBox(QMessageBox& box)
+{
+    if (auto* grid = qobject_cast<QGridLayout*>(box.layout())) {
+        const int width = QFontMetrics(box.font()).horizontalAdvance(box.windowTitle()) * 3 / 2 + 160;
+        grid->addItem(new QSpacerItem(width, 0), grid->rowCount(), 0, 1, grid->columnCount());
+    }
+    return box.exec();
+}
+
 QString askFileName(QFileDialog::AcceptMode mode, const QString& filter, const QString& defaultSuffix)
 {
     QFileDialog dialog(dialogParent(), QString(), QString(), filter);
@@ -52,14 +66,14 @@ QString askFileName(QFileDialog::AcceptMode mode, const QString& filter, const Q
 void QtMessageService::show(MessageIcon icon, const QString& text)
 {
     QMessageBox box(boxIcon(icon), appinfo::title(), text, QMessageBox::Ok, dialogParent());
-    box.exec();
+    showBox(box);
 }
 
 bool QtMessageService::askYesNo(const QString& text)
 {
     QMessageBox box(QMessageBox::Question, appinfo::title(), text, QMessageBox::Yes | QMessageBox::No,
                     dialogParent());
-    return box.exec() == QMessageBox::Yes;
+    return showBox(box) == QMessageBox::Yes;
 }
 
 void QtClipboard::clear()
