@@ -293,14 +293,15 @@ void MainFormTest::menuEntries()
                                       form.menu除3余数预测}));
 
     QStringList opened;
-    for (QAction* entry : {form.menu一般性预测, form.menu过滤式预测, form.menu投注式预测, form.menu统计最近未开奖红色球球号}) {
+    for (QAction* entry : {form.menu一般性预测, form.menu过滤式预测, form.menu投注式预测, form.menu统计最近未开奖红色球球号,
+                           form.menu关于}) {
         whenModalShown([&](QWidget* window) {
             opened << window->objectName() + (window->isModal() ? "" : " modeless");
             window->close();
         });
         entry->trigger();
     }
-    QCOMPARE(opened, (QStringList{"ForecastNormal", "ForecastFilter", "ForecastBet", "qiuhaonoshow"}));
+    QCOMPARE(opened, (QStringList{"ForecastNormal", "ForecastFilter", "ForecastBet", "qiuhaonoshow", "About"}));
 
     form.menu最新福彩资料->trigger();
     form.menu作者网站和其他软件->trigger();

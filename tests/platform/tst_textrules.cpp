@@ -133,10 +133,8 @@ void TextRulesTest::numbers()
 
 void TextRulesTest::wholeNumberOfFloatingPoint()
 {
+    // Rounding and overflow are the numbers table's; no text gives these.
     QCOMPARE(toWhole(124.0 / 7.0), Whole(18));
-    QCOMPARE(toWhole(10.5), Whole(10));
-    QCOMPARE(toWhole(11.5), Whole(12));
-    QCOMPARE(toWhole(3e9), Whole());
     QCOMPARE(toWhole(std::numeric_limits<double>::quiet_NaN()), Whole());
 }
 
