@@ -1,6 +1,7 @@
 #include "app/mainform.h"
 #include "history/formadd.h"
 #include "history/forminput.h"
+#include "historyrows.h"
 #include "testapp.h"
 #include "windowkit/programstyle.h"
 
@@ -19,14 +20,7 @@ const QStringList twoDraws{
     "2007024*=*08 09 17 25 27 32 06 15*=*08",
     "2007025*=*10 11 12 13 14 15 16 01*=*10",
 };
-
-QStringList rowsOf(MainForm& form)
-{
-    QStringList rows;
-    for (int row = 0; row < form.history().count(); ++row)
-        rows.append(form.history().text(row) + QStringLiteral(" | ") + form.history().subItem(row, 1));
-    return rows;
-}
+const QStringList twoRows{"2007024 | 08 09 17 25 27 32 06 15", "2007025 | 10 11 12 13 14 15 16 01"};
 
 void selectRow(MainForm& form, int row)
 {
@@ -35,17 +29,12 @@ void selectRow(MainForm& form, int row)
     QCOMPARE(form.selectedRow(), row);
 }
 
-// Types into the draw window that the command opens and presses 添加 or 取消.
-void fillFormAdd(const QString& issue, const QString& numbers, bool confirm = true)
+// Pastes `text` into the import window that the command opens and presses 导入.
+void importText(const QString& text)
 {
-    whenModalShown([=](QWidget* window) {
-        auto* form = qobject_cast<FormAdd*>(window);
-        QVERIFY(form);
-        form->Text1->clear();
-        form->Text2->clear();
-        QTest::keyClicks(form->Text1, issue);
-        QTest::keyClicks(form->Text2, numbers);
-        QTest::mouseClick(confirm ? form->Command1 : form->Command2, Qt::LeftButton);
+    whenWindowShown<FormInput>([=](FormInput* form) {
+        form->Text1->setPlainText(text);
+        QTest::mouseClick(form->Command1, Qt::LeftButton);
     });
 }
 
@@ -66,94 +55,79 @@ class HistoryEditingTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void addAppendsASortedDraw();
-    void addRefusesIncompleteAndNonNumericInput_data();
-    void addRefusesIncompleteAndNonNumericInput();
-    void addOfAnExistingIssueChangesNothing();
-    void cancelledAddStillRunsThePass();
+    void add_data();
+    void add();
     void addOfSevenNumbersEndsTheProgramUnsaved();
     void modifyNeedsASelection();
-    void modifyChangesTheSelectedRow();
-    void modifyToAnExistingIssueKeepsTheOldKey();
+    void modify_data();
+    void modify();
     void importAppendsLinesAndCountsThem();
     void importClearAndCancel();
     void importBoxWrapsAndEscapeCancels();
     void importOfASevenNumberLineEndsTheProgramUnsaved();
 };
 
-void HistoryEditingTest::addAppendsASortedDraw()
-{
-    StartedMainForm s(twoDraws);
-    fillFormAdd(QStringLiteral("2007026"), QStringLiteral("8 32 17 25 27 9 6 15"));
-    s.form.menu添加->trigger();
-    QCOMPARE(rowsOf(s.form).last(), QStringLiteral("2007026 | 08 09 17 25 27 32 06 15"));
-    QCOMPARE(s.form.history().key(2), QStringLiteral("A2007026"));
-    QCOMPARE(s.form.history().subItem(2, 2), QStringLiteral("08")); // the pass ran
-    QCOMPARE(s.form.history().subItem(2, 9), QStringLiteral("15"));
-    QCOMPARE(s.form.StatusBar1Panel(3)->text(), QStringLiteral("彩票期数：3"));
-    QVERIFY(s.app.messages.shown.isEmpty());
-    QVERIFY(!s.app.process.ended());
-    QCOMPARE(s.app.historyBytes(), s.historyAtStart); // the file changes at exit only
-}
-
-void HistoryEditingTest::addRefusesIncompleteAndNonNumericInput_data()
+void HistoryEditingTest::add_data()
 {
     QTest::addColumn<QString>("issue");
     QTest::addColumn<QString>("numbers");
-    QTest::addColumn<QString>("message");
-    QTest::newRow("blank issue") << "   " << "08 09 17 25 27 32 06 15" << "信息不完整。";
-    QTest::newRow("blank numbers") << "2007026" << "   " << "信息不完整。";
-    QTest::newRow("letters in the numbers") << "2007026" << "08 09 ab 25 27 32 06 15" << "信息必须都是数字。";
-    QTest::newRow("letters in the issue") << "2007x" << "08 09 17 25 27 32 06 15" << "信息必须都是数字。";
+    QTest::addColumn<bool>("confirm"); // presses 添加, else 取消
+    QTest::addColumn<QString>("message"); // a refusal: the window stays open
+    QTest::addColumn<QStringList>("added"); // behind the two rows there
+
+    const QString numbers = QStringLiteral("08 09 17 25 27 32 06 15");
+    QTest::newRow("a new draw, its reds sorted") << "2007026" << "8 32 17 25 27 9 6 15" << true << ""
+                                                 << QStringList{"2007026 | 08 09 17 25 27 32 06 15"};
+    QTest::newRow("an issue already there") << "2007025" << "01 02 03 04 05 06 07 08" << true << "" << QStringList{};
+    QTest::newRow("cancelled") << "2007026" << numbers << false << "" << QStringList{};
+    QTest::newRow("blank numbers") << "2007026" << "   " << true << "信息不完整。" << QStringList{};
+    QTest::newRow("letters in the issue") << "2007x" << numbers << true << "信息必须都是数字。" << QStringList{};
 }
 
-void HistoryEditingTest::addRefusesIncompleteAndNonNumericInput()
+void HistoryEditingTest::add()
 {
     QFETCH(QString, issue);
     QFETCH(QString, numbers);
+    QFETCH(bool, confirm);
     QFETCH(QString, message);
-    StartedMainForm s(twoDraws);
-    bool stayedOpen = false;
-    whenModalShown([&](QWidget* window) {
-        auto* form = qobject_cast<FormAdd*>(window);
-        QTest::keyClicks(form->Text1, issue);
-        QTest::keyClicks(form->Text2, numbers);
-        QTest::mouseClick(form->Command1, Qt::LeftButton);
-        stayedOpen = form->isVisible();
-        QCOMPARE(form->Text2->text(), numbers); // the input stays as typed
-        QTest::mouseClick(form->Command2, Qt::LeftButton);
-    });
-    s.form.menu添加->trigger();
-    QVERIFY(stayedOpen);
-    QCOMPARE(s.app.messages.shown.size(), 1);
-    QCOMPARE(s.app.messages.shown[0].icon, MessageIcon::Critical);
-    QCOMPARE(s.app.messages.shown[0].text, message);
-    QCOMPARE(s.form.history().count(), 2);
-}
-
-void HistoryEditingTest::addOfAnExistingIssueChangesNothing()
-{
-    StartedMainForm s(twoDraws);
-    fillFormAdd(QStringLiteral("2007025"), QStringLiteral("01 02 03 04 05 06 07 08"));
-    s.form.menu添加->trigger();
-    QCOMPARE(rowsOf(s.form), (QStringList{"2007024 | 08 09 17 25 27 32 06 15", "2007025 | 10 11 12 13 14 15 16 01"}));
-    QVERIFY(s.app.messages.shown.isEmpty());
-}
-
-void HistoryEditingTest::cancelledAddStillRunsThePass()
-{
+    QFETCH(QStringList, added);
     StartedMainForm s(twoDraws);
     s.form.history().setSubItem(1, 2, QStringLiteral("stale"));
-    fillFormAdd(QStringLiteral("2007026"), QStringLiteral("01 02 03 04 05 06 07 08"), false);
+    bool stayedOpen = false;
+    whenWindowShown<FormAdd>([&](FormAdd* form) {
+        QTest::keyClicks(form->Text1, issue);
+        QTest::keyClicks(form->Text2, numbers);
+        QTest::mouseClick(confirm ? form->Command1 : form->Command2, Qt::LeftButton);
+        stayedOpen = form->isVisible();
+        QCOMPARE(form->Text2->text(), numbers); // the input stays as typed
+        if (stayedOpen)
+            QTest::mouseClick(form->Command2, Qt::LeftButton);
+    });
     s.form.menu添加->trigger();
-    QCOMPARE(s.form.history().count(), 2);
-    QCOMPARE(s.form.history().subItem(1, 2), QStringLiteral("10"));
+
+    QCOMPARE(stayedOpen, !message.isEmpty());
+    QCOMPARE(s.app.messages.shown.size(), int(stayedOpen));
+    for (const ShownMessage& shown : s.app.messages.shown) {
+        QCOMPARE(shown.icon, MessageIcon::Critical);
+        QCOMPARE(shown.text, message);
+    }
+    QCOMPARE(rowsOf(s.form.history()), twoRows + added);
+    for (int row = 0; row < s.form.history().count(); ++row)
+        QCOMPARE(s.form.history().key(row), QStringLiteral("A") + s.form.history().text(row));
+    QCOMPARE(s.form.history().subItem(1, 2), QStringLiteral("10")); // the pass ran, confirmed or not
+    QCOMPARE(s.form.StatusBar1Panel(3)->text(), QStringLiteral("彩票期数：%1").arg(2 + added.size()));
+    QVERIFY(!s.app.process.ended());
+    QCOMPARE(s.app.historyBytes(), s.historyAtStart); // the file changes at exit only
 }
 
 void HistoryEditingTest::addOfSevenNumbersEndsTheProgramUnsaved()
 {
     StartedMainForm s(twoDraws);
-    fillFormAdd(QStringLiteral("2007026"), QStringLiteral("08 09 17 25 27 32 06"));
+    whenWindowShown<FormAdd>([](FormAdd* form) {
+        form->Text1->setText(QStringLiteral("2007026"));
+        form->Text2->setText(QStringLiteral("08 09 17 25 27 32 06"));
+        QTest::mouseClick(form->Command1, Qt::LeftButton);
+    });
     s.form.menu添加->trigger();
     verifyEndedUnsaved(s);
     // The count panel is not reached.
@@ -170,63 +144,52 @@ void HistoryEditingTest::modifyNeedsASelection()
     QCOMPARE(s.form.history().count(), 2);
 }
 
-void HistoryEditingTest::modifyChangesTheSelectedRow()
+void HistoryEditingTest::modify_data()
 {
+    QTest::addColumn<QString>("issue");
+    QTest::addColumn<QString>("numbers");
+    QTest::addColumn<QString>("modified");
+    QTest::addColumn<QString>("key");
+
+    QTest::newRow("a new issue") << "2007027" << "33 1 2 3 4 5 9 00" << "2007027 | 01 02 03 04 05 33 09 00"
+                                 << "A2007027";
+    // The key of the other row is refused: the row keeps its old one.
+    QTest::newRow("an issue of another row") << "2007024" << "01 02 03 04 05 06 07 08"
+                                             << "2007024 | 01 02 03 04 05 06 07 08" << "A2007025";
+}
+
+void HistoryEditingTest::modify()
+{
+    QFETCH(QString, issue);
+    QFETCH(QString, numbers);
+    QFETCH(QString, modified);
+    QFETCH(QString, key);
     StartedMainForm s(twoDraws);
     selectRow(s.form, 1);
-    QString shownIssue;
-    QString shownNumbers;
-    whenModalShown([&](QWidget* window) {
-        auto* form = qobject_cast<FormAdd*>(window);
-        shownIssue = form->Text1->text();
-        shownNumbers = form->Text2->text();
-        QCOMPARE(form->Command1->text(), QStringLiteral("添加"));
-        form->Text1->setText(QStringLiteral("2007027"));
-        form->Text2->setText(QStringLiteral("33 1 2 3 4 5 9 00"));
+    QString shown;
+    whenWindowShown<FormAdd>([&](FormAdd* form) {
+        shown = form->Text1->text() + QStringLiteral(" | ") + form->Text2->text();
+        form->Text1->setText(issue);
+        form->Text2->setText(numbers);
         QTest::mouseClick(form->Command1, Qt::LeftButton);
     });
     s.form.menu修改->trigger();
-    QCOMPARE(shownIssue, QStringLiteral("2007025"));
-    QCOMPARE(shownNumbers, QStringLiteral("10 11 12 13 14 15 16 01"));
-    QCOMPARE(rowsOf(s.form).last(), QStringLiteral("2007027 | 01 02 03 04 05 33 09 00"));
-    QCOMPARE(s.form.history().key(1), QStringLiteral("A2007027"));
-    QCOMPARE(s.form.history().subItem(1, 7), QStringLiteral("33")); // the pass ran
-    QVERIFY(!s.form.history().add(QStringLiteral("A2007027"), QStringLiteral("x")));
-    QVERIFY(s.form.history().add(QStringLiteral("A2007025"), QStringLiteral("2007025")));
-}
-
-void HistoryEditingTest::modifyToAnExistingIssueKeepsTheOldKey()
-{
-    StartedMainForm s(twoDraws);
-    selectRow(s.form, 1);
-    fillFormAdd(QStringLiteral("2007024"), QStringLiteral("01 02 03 04 05 06 07 08"));
-    s.form.menu修改->trigger();
-    QCOMPARE(rowsOf(s.form), (QStringList{"2007024 | 08 09 17 25 27 32 06 15", "2007024 | 01 02 03 04 05 06 07 08"}));
-    QCOMPARE(s.form.history().key(1), QStringLiteral("A2007025"));
-    QVERIFY(!s.form.history().add(QStringLiteral("A2007025"), QStringLiteral("2007025"))); // still blocked
+    QCOMPARE(shown, twoRows[1]);
+    QCOMPARE(rowsOf(s.form.history()), (QStringList{twoRows[0], modified}));
+    QCOMPARE(s.form.history().key(1), key);
+    QCOMPARE(s.form.history().subItem(1, 2), modified.section(' ', 2, 2)); // the pass ran
     QVERIFY(s.app.messages.shown.isEmpty());
 }
 
 void HistoryEditingTest::importAppendsLinesAndCountsThem()
 {
     StartedMainForm s(twoDraws);
-    whenModalShown([](QWidget* window) {
-        auto* form = qobject_cast<FormInput*>(window);
-        QVERIFY(form);
-        QCOMPARE(form->windowTitle(), QStringLiteral("导入福彩开奖历史"));
-        form->Text1->setPlainText(QStringLiteral("2007027 32 27 25 17 09 08 06\n"
-                                                 "2007026,01,02,03,04,05,06,07,08\n"
-                                                 "2007024 11 12 13 14 15 16 01 02\n"
-                                                 "2007028 01 02 03 04 05 06\n"
-                                                 "2007029\t01\t02\t03\t04\t05\t06\t07"));
-        QTest::mouseClick(form->Command1, Qt::LeftButton);
-    });
+    importText(QStringLiteral("2007027 32 27 25 17 09 08 06\n2007026,01,02,03,04,05,06,07,08"));
     s.form.menu导入->trigger();
-    QCOMPARE(rowsOf(s.form), (QStringList{"2007024 | 08 09 17 25 27 32 06 15", "2007025 | 10 11 12 13 14 15 16 01",
-                                          "2007027 | 08 09 17 25 27 32 06 00", "2007026 | 01 02 03 04 05 06 07 08"}));
+    QCOMPARE(rowsOf(s.form.history()),
+             twoRows + QStringList({"2007027 | 08 09 17 25 27 32 06 00", "2007026 | 01 02 03 04 05 06 07 08"}));
     QCOMPARE(s.form.history().subItem(2, 9), QStringLiteral("00"));
     QCOMPARE(s.form.StatusBar1Panel(3)->text(), QStringLiteral("彩票期数：4"));
-    QVERIFY(s.app.messages.shown.isEmpty());
     QVERIFY(!s.app.process.ended());
 }
 
@@ -235,8 +198,7 @@ void HistoryEditingTest::importClearAndCancel()
     StartedMainForm s(twoDraws);
     s.form.history().setSubItem(0, 2, QStringLiteral("stale"));
     bool stayedOpen = false;
-    whenModalShown([&](QWidget* window) {
-        auto* form = qobject_cast<FormInput*>(window);
+    whenWindowShown<FormInput>([&](FormInput* form) {
         QTest::keyClicks(form->Text1, QStringLiteral("2007030 01 02 03 04 05 06 07 08"));
         QTest::mouseClick(form->Command3, Qt::LeftButton);
         stayedOpen = form->isVisible();
@@ -267,11 +229,7 @@ void HistoryEditingTest::importBoxWrapsAndEscapeCancels()
 void HistoryEditingTest::importOfASevenNumberLineEndsTheProgramUnsaved()
 {
     StartedMainForm s(twoDraws);
-    whenModalShown([](QWidget* window) {
-        auto* form = qobject_cast<FormInput*>(window);
-        form->Text1->setPlainText(QStringLiteral("2007026 08 09 17 25 27 32  06"));
-        QTest::mouseClick(form->Command1, Qt::LeftButton);
-    });
+    importText(QStringLiteral("2007026 08 09 17 25 27 32  06"));
     s.form.menu导入->trigger();
     QCOMPARE(s.form.history().subItem(2, 1), QStringLiteral("08 09 17 25 27 32 06"));
     verifyEndedUnsaved(s);

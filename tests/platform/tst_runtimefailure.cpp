@@ -3,50 +3,43 @@
 
 #include <QtTest>
 
+#include <functional>
+
+using Routine = std::function<void()>;
+Q_DECLARE_METATYPE(Routine)
+
 class RuntimeFailureTest : public QObject {
     Q_OBJECT
 
 private slots:
+    void unhandledFailureReportsAndEnds_data();
     void unhandledFailureReportsAndEnds();
-    void routineWithoutFailureEndsNothing();
-    void allocationFailureIsError7();
 };
+
+void RuntimeFailureTest::unhandledFailureReportsAndEnds_data()
+{
+    QTest::addColumn<Routine>("routine");
+    QTest::addColumn<QString>("report"); // empty: none, and the program goes on
+
+    QTest::newRow("no failure") << Routine([] {}) << "";
+    QTest::newRow("a run-time error")
+        << Routine([] { throw RuntimeError(RuntimeError::SubscriptOutOfRange); }) << "运行时错误 '9':\n\n下标越界";
+    QTest::newRow("an allocation failure") << Routine([] { throw std::bad_alloc(); }) << "运行时错误 '7':\n\n内存不足";
+}
 
 void RuntimeFailureTest::unhandledFailureReportsAndEnds()
 {
+    QFETCH(Routine, routine);
+    QFETCH(QString, report);
     FakeMessages messages;
     RecordingProcess process;
-    bool reachedBehindFailure = false;
-    runEventRoutine(messages, process, [&] {
-        throw RuntimeError(RuntimeError::SubscriptOutOfRange);
-        reachedBehindFailure = true; // NOLINT: never reached
-    });
-    QVERIFY(!reachedBehindFailure);
-    QCOMPARE(messages.shown.size(), 1);
-    QCOMPARE(messages.shown[0].icon, MessageIcon::Critical);
-    QVERIFY(messages.shown[0].text.contains(QStringLiteral("'9'")));
-    QVERIFY(messages.shown[0].text.contains(QStringLiteral("下标越界")));
-    QCOMPARE(process.exitCodes, QList<int>{1});
-}
-
-void RuntimeFailureTest::routineWithoutFailureEndsNothing()
-{
-    FakeMessages messages;
-    RecordingProcess process;
-    int runs = 0;
-    runEventRoutine(messages, process, [&] { ++runs; });
-    QCOMPARE(runs, 1);
-    QVERIFY(messages.shown.isEmpty());
-    QVERIFY(!process.ended());
-}
-
-void RuntimeFailureTest::allocationFailureIsError7()
-{
-    FakeMessages messages;
-    RecordingProcess process;
-    runEventRoutine(messages, process, [] { throw std::bad_alloc(); });
-    QCOMPARE(messages.shown.value(0).text, QStringLiteral("运行时错误 '7':\n\n内存不足"));
-    QCOMPARE(process.exitCodes, QList<int>{1});
+    runEventRoutine(messages, process, routine);
+    QCOMPARE(messages.shown.size(), report.isEmpty() ? 0 : 1);
+    for (const ShownMessage& shown : messages.shown) {
+        QCOMPARE(shown.icon, MessageIcon::Critical);
+        QCOMPARE(shown.text, report);
+    }
+    QCOMPARE(process.exitCodes, report.isEmpty() ? QList<int>{} : QList<int>{1});
 }
 
 QTEST_GUILESS_MAIN(RuntimeFailureTest)

@@ -1,5 +1,6 @@
 #include "platform/appinfo.h"
 #include "settings/ballranges.h"
+#include "settings/rangetexts.h"
 #include "settings/settingsstore.h"
 
 #include <QFile>
@@ -11,27 +12,13 @@ class BallRangesTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void emptyStoreGivesDefaults();
     void storedTextIsConverted_data();
     void storedTextIsConverted();
     void writeThenReadRoundTrips();
-    void storeKeepsChineseSectionsAndEveryValueAtOnce();
-    void missingKeyGivesFallback();
+    void rangeTextsShowTheRangesAsTheyStand();
+    void storeWritesAtOnceAndKeepsEmptyValues();
     void escapedFileReadsAndIsWrittenAsText();
 };
-
-void BallRangesTest::emptyStoreGivesDefaults()
-{
-    QTemporaryDir folder;
-    IniSettingsStore store(folder.path(), appinfo::title());
-    BallRanges ranges;
-    QCOMPARE(ranges.min(1), 0); // nothing read yet
-    ballranges::read(store, ranges);
-    for (int ball = 1; ball <= 6; ++ball) {
-        QCOMPARE(ranges.min(ball), 1);
-        QCOMPARE(ranges.max(ball), 33);
-    }
-}
 
 void BallRangesTest::storedTextIsConverted_data()
 {
@@ -39,9 +26,7 @@ void BallRangesTest::storedTextIsConverted_data()
     QTest::addColumn<int>("minimum");
     QTest::newRow("number") << "5" << 5;
     QTest::newRow("not a number leaves 0") << "abc" << 0;
-    QTest::newRow("empty leaves 0") << "" << 0;
     QTest::newRow("half to even") << "2.5" << 2;
-    QTest::newRow("overflow leaves 0") << "99999999999" << 0;
 }
 
 void BallRangesTest::storedTextIsConverted()
@@ -84,28 +69,35 @@ void BallRangesTest::writeThenReadRoundTrips()
     QCOMPARE(reopened.read(QStringLiteral("设置M"), QStringLiteral("球6取值MIN"), {}), QStringLiteral("-4"));
 }
 
-void BallRangesTest::storeKeepsChineseSectionsAndEveryValueAtOnce()
+void BallRangesTest::rangeTextsShowTheRangesAsTheyStand()
 {
-    QTemporaryDir folder;
-    IniSettingsStore writer(folder.path(), appinfo::title());
-    writer.write(QStringLiteral("ForecastBet"), QStringLiteral("过滤"), QStringLiteral("02 08, 26"));
-    writer.write(QStringLiteral("设置I"), QStringLiteral("球7取值MAX"), QStringLiteral("12"));
-    // A second store sees the values while the first is still open: a process
-    // that ends without warning keeps what was written.
-    IniSettingsStore reader(folder.path(), appinfo::title());
-    QCOMPARE(reader.read(QStringLiteral("ForecastBet"), QStringLiteral("过滤"), {}), QStringLiteral("02 08, 26"));
-    QCOMPARE(reader.read(QStringLiteral("设置I"), QStringLiteral("球7取值MAX"), {}), QStringLiteral("12"));
-    QVERIFY(writer.filePath().endsWith(QStringLiteral("澄川号码分析台.ini")));
+    // Every value differs, ball 4 is reversed and ball 5's stored "abc" was read as 0.
+    BallRanges ranges;
+    ranges.BallMin = {1, 2, 3, 12, 0, 6};
+    ranges.BallMax = {33, 32, 31, 5, 29, 28};
+    QCOMPARE(rangetexts::sixRanges(ranges),
+             QStringLiteral("球1取值范围:1-33\r\n球2取值范围:2-32\r\n球3取值范围:3-31\r\n"
+                            "球4取值范围:12-5\r\n球5取值范围:0-29\r\n球6取值范围:6-28\r\n"));
+    const std::optional<rangetexts::ShownRange> six = rangetexts::rangeOf(ranges, 6);
+    QVERIFY(six);
+    QCOMPARE(six->minimum + "-" + six->maximum, QStringLiteral("6-28"));
+    QVERIFY(!rangetexts::rangeOf(ranges, 7));
 }
 
-void BallRangesTest::missingKeyGivesFallback()
+void BallRangesTest::storeWritesAtOnceAndKeepsEmptyValues()
 {
     QTemporaryDir folder;
-    IniSettingsStore store(QDir(folder.path()).filePath(QStringLiteral("not-yet-made")), appinfo::title());
-    QCOMPARE(store.read(QStringLiteral("ForecastNormal"), QStringLiteral("组数"), QStringLiteral("1")),
-             QStringLiteral("1"));
-    store.write(QStringLiteral("ForecastNormal"), QStringLiteral("组数"), QString());
-    QCOMPARE(store.read(QStringLiteral("ForecastNormal"), QStringLiteral("组数"), QStringLiteral("1")), QString());
+    const QString notYetMade = QDir(folder.path()).filePath(QStringLiteral("not-yet-made"));
+    IniSettingsStore writer(notYetMade, appinfo::title());
+    QCOMPARE(writer.read("ForecastNormal", "组数", "1"), QStringLiteral("1"));
+    writer.write("ForecastBet", "过滤", "02 08, 26");
+    writer.write("ForecastNormal", "组数", QString());
+    // A second store sees the values while the first is still open: a process
+    // that ends without warning keeps what was written.
+    IniSettingsStore reader(notYetMade, appinfo::title());
+    QCOMPARE(reader.read("ForecastBet", "过滤", {}), QStringLiteral("02 08, 26"));
+    QCOMPARE(reader.read("ForecastNormal", "组数", "1"), QString()); // stored empty, not missing
+    QVERIFY(writer.filePath().endsWith(QStringLiteral("澄川号码分析台.ini")));
 }
 
 void BallRangesTest::escapedFileReadsAndIsWrittenAsText()
