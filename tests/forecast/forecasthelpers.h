@@ -10,15 +10,15 @@
 #include <QList>
 #include <QStringList>
 
+#include <algorithm>
+
 namespace forecasttest {
 
 inline BallRanges fullRanges()
 {
     BallRanges ranges;
-    for (int ball = 1; ball <= BallRanges::RedBalls; ++ball) {
-        ranges.min(ball) = 1;
-        ranges.max(ball) = 33;
-    }
+    ranges.BallMin.fill(1);
+    ranges.BallMax.fill(33);
     return ranges;
 }
 
@@ -32,10 +32,11 @@ inline void addRows(DrawHistory& history, const QStringList& groups)
     }
 }
 
-// The generator value that makes nearest(v * range) + 1 give `number`.
+// The generator value that makes nearest(v * range) + 1 give `number`, where
+// cutting off the fraction would give the number below.
 inline float valueFor(int number, int range)
 {
-    return (float(number - 1) + 0.1f) / float(range);
+    return std::max(0.0f, float(number) - 1.4f) / float(range);
 }
 
 // Queues the values of one candidate: each red drawn in the order given with

@@ -1,12 +1,16 @@
 #include "forecast/forecastcore.h"
 #include "forecast/grouphistory.h"
+#include "forecast/grouptests.h"
 #include "forecasthelpers.h"
 
+#include <QRandomGenerator>
 #include <QRegularExpression>
 #include <QtTest>
 
-#include <array>
 #include <numeric>
+
+// The forecast core with what it asks of a candidate group: the even and
+// average tests and the lookup in the history collections.
 
 using namespace forecasttest;
 
@@ -40,36 +44,113 @@ QList<int> redsOf(const QString& line)
     return reds;
 }
 
-// The first number whose count lies more than five standard deviations away
-// from its share of chances(n) out of `parts`; -1 when none does.
-template <size_t N, class Chances>
-int outsideOdds(const std::array<int, N>& counts, Chances chances, double parts)
-{
-    const double total = std::accumulate(counts.begin(), counts.end(), 0.0);
-    for (size_t n = 0; n < N; ++n) {
-        const double p = chances(int(n)) / parts;
-        if (std::abs(counts[n] - total * p) > 5 * std::sqrt(total * p * (1 - p)))
-            return int(n);
-    }
-    return -1;
-}
-
 } // namespace
 
 class ForecastCoreTest : public QObject {
     Q_OBJECT
 
 private slots:
+    void evenCountAndAverage_data();
+    void evenCountAndAverage();
+    void fillKeepsThe17And20CharacterPrefixesAndLookUpFindsTheirBeginnings();
+    void indexAnswersAsTheScanDoes();
     void stirCounterRunsOnceUpToTheHighestT();
     void acceptedGroupsKeepTheFixedTests_data();
     void acceptedGroupsKeepTheFixedTests();
     void ballRangesAreHonouredBothEndsIncluded();
-    void redOneAndBlueSixteenHaveTheirOwnOdds();
     void historyTest_data();
     void historyTest();
     void rulesSeeEveryRedAndEveryCandidateInTheirPlace();
     void attemptLimitGivesUpWithAnEmptyText();
 };
+
+void ForecastCoreTest::evenCountAndAverage_data()
+{
+    QTest::addColumn<QString>("group");
+    QTest::addColumn<int>("even");
+    QTest::addColumn<int>("average");
+    QTest::newRow("history row: the reds and the first blue, not the second") << "08 09 17 25 27 32 06 16" << 3 << 18;
+    QTest::newRow("result line with blue: the empty token even, six reds over seven")
+        << "08 09 17 25 27 32  06" << 3 << 17;
+    QTest::newRow("result line without blue: the missing token even") << "08 09 17 25 27 32" << 3 << 17;
+    QTest::newRow("six even reds") << "02 04 06 08 10 12" << 7 << 6;
+    QTest::newRow("blanks around: trimmed for the count, not for the average") << "  01 03 05 07 09 11 13  " << 0 << 4;
+    QTest::newRow("sum 66 stays below 10") << "01 02 03 04 05 51" << 3 << 9;
+    QTest::newRow("sum 67 is the lowest to reach 10") << "01 02 03 04 05 52" << 4 << 10;
+    QTest::newRow("sum 157 reaches 22") << "22 23 24 25 30 33" << 4 << 22;
+    QTest::newRow("sum 158 goes above 22") << "22 23 24 25 31 33" << 3 << 23;
+}
+
+void ForecastCoreTest::evenCountAndAverage()
+{
+    QFETCH(QString, group);
+    QFETCH(int, even);
+    QFETCH(int, average);
+    QCOMPARE(CountEvenNumbers(group), even);
+    QCOMPARE(AverageOfSeven(group), average);
+}
+
+void ForecastCoreTest::fillKeepsThe17And20CharacterPrefixesAndLookUpFindsTheirBeginnings()
+{
+    DrawHistory draws;
+    addRows(draws, {" 08 09 17 25 27 32 06 15 ", "01 02 03", "ab cd 17 25 27 32 06 15 01"});
+    FillHistoryCollections(draws);
+    QCOMPARE(forecastHistory().RedGroupHistory(), (QStringList{"08 09 17 25 27 32", "01 02 03", "ab cd 17 25 27 32"}));
+    QCOMPARE(forecastHistory().FullGroupHistory(),
+             (QStringList{"08 09 17 25 27 32 06", "01 02 03", "ab cd 17 25 27 32 06"}));
+    // A text is found where it begins an item, without regard to case: not
+    // further on in an item, and never in a shorter row.
+    QStringList withBlue, redsOnly;
+    for (const QString text : {"08 09 17 25 27 32 06", "08 09 17 25 27 32 0", "09 17 25 27 32", "01 02 03 04 05 06",
+                               "AB Cd 17 25 27 32"}) {
+        if (IsInHistory(text, true))
+            withBlue << text;
+        if (IsInHistory(text, false))
+            redsOnly << text;
+    }
+    QCOMPARE(withBlue, (QStringList{"08 09 17 25 27 32 06", "08 09 17 25 27 32 0", "AB Cd 17 25 27 32"}));
+    QCOMPARE(redsOnly, QStringList{"AB Cd 17 25 27 32"});
+
+    FillHistoryCollections(DrawHistory());
+    QCOMPARE(forecastHistory().FullGroupHistory(), QStringList());
+    QVERIFY(!IsInHistory(QStringLiteral("08 09 17 25 27 32"), false));
+}
+
+void ForecastCoreTest::indexAnswersAsTheScanDoes()
+{
+    // Rows and texts of a few characters, so that they meet often: digits,
+    // blanks, letters in both cases, the Kelvin sign and a CJK character, of
+    // every length up to beyond 20; every third round has only short rows.
+    const QString alphabet = QStringLiteral("0123  aAkK\u212A号");
+    QRandomGenerator random(17);
+    const auto randomText = [&](int longest) {
+        QString text;
+        for (int i = int(random.bounded(longest + 1)); i > 0; --i)
+            text += alphabet[qsizetype(random.bounded(int(alphabet.size())))];
+        return text;
+    };
+    for (int round = 0; round < 60; ++round) {
+        DrawHistory draws;
+        QStringList rows, texts;
+        for (int i = int(random.bounded(40)); i > 0; --i)
+            rows.append(randomText(round % 3 == 0 ? 8 : 24));
+        addRows(draws, rows);
+        GroupHistory history;
+        history.fill(draws);
+        for (int i = 0; i < 200; ++i)
+            texts.append(randomText(22));
+        // Texts that certainly occur: items, their prefixes, case changed.
+        for (const QString& item : history.FullGroupHistory() + history.RedGroupHistory())
+            texts << item << item.toUpper() << item.toLower() << item.left(item.size() / 2);
+        for (const QString& text : texts) {
+            for (bool withBlue : {false, true}) {
+                const QStringList& items = withBlue ? history.FullGroupHistory() : history.RedGroupHistory();
+                QVERIFY2(history.contains(text, withBlue) == GroupHistory::scan(items, text),
+                         qPrintable(QStringLiteral("round %1: \"%2\"").arg(round).arg(text)));
+            }
+        }
+    }
+}
 
 void ForecastCoreTest::stirCounterRunsOnceUpToTheHighestT()
 {
@@ -77,13 +158,14 @@ void ForecastCoreTest::stirCounterRunsOnceUpToTheHighestT()
     c.core.WantBlue = 1;
     // Each draw: the stir value (t = nearest(value * 1000) + 300), then the
     // number's. The reds stir up to their highest t, 1000 of the redrawn
-    // repeat 5, once; the blue stirs from 0 to its own t of 550.
+    // repeat 5, once; a 34 is drawn again too; the blue stirs from 0 to its
+    // own t of 550, and a blue of 17 is taken as 16.
     const auto v = [](int red) { return valueFor(red, 33); };
-    c.random.queued = {0.2f, v(5), 0.6f, v(9), 0.7f, v(5), 0.1f, v(1), 0.3f, v(33), 0.5f, v(20), 0.4f, v(12),
-                       0.25f, 31.0f / 32.0f};
+    c.random.queued = {0.2f, v(5), 0.6f, v(9), 0.7f, v(5), 0.1f, v(1), 0.3f, v(34), 0.3f, v(33), 0.5f, v(20),
+                       0.4f, v(12), 0.25f, valueFor(17, 16)};
     c.core.计算彩票组合数();
-    QCOMPARE(c.core.GroupText, QStringLiteral("01 05 09 12 20 33  16")); // a blue of 17 is taken as 16
-    QCOMPARE(c.random.randomizeCalls, 7 + 1000 + 1 + 550);
+    QCOMPARE(c.core.GroupText, QStringLiteral("01 05 09 12 20 33  16"));
+    QCOMPARE(c.random.randomizeCalls, 8 + 1000 + 1 + 550);
     QVERIFY(c.random.queued.empty());
 }
 
@@ -106,43 +188,37 @@ void ForecastCoreTest::acceptedGroupsKeepTheFixedTests()
     // Widths 17 and 21: two blanks before a blue of 01 to 16.
     const QRegularExpression form(wantBlue ? QStringLiteral("^(\\d\\d ){5}\\d\\d  (0[1-9]|1[0-6])$")
                                            : QStringLiteral("^(\\d\\d ){5}\\d\\d$"));
-    int sixOdd = 0, gapOf13 = 0, lowest = 1000, highest = 0;
+    QList<int> evens, sums, gaps;
     for (const QString& line : lines) {
         QVERIFY2(form.match(line).hasMatch(), qPrintable(line));
         const QList<int> reds = redsOf(line);
-        int even = 0;
-        for (int k = 0; k < 6; ++k) {
-            const int gap = k > 0 ? reds[k] - reds[k - 1] : 1;
-            QVERIFY2(reds[k] >= 1 && reds[k] <= 33 && gap > 0 && gap <= 13, qPrintable(line));
-            gapOf13 += gap == 13;
-            even += reds[k] % 2 == 0;
-        }
-        const int sum = std::accumulate(reds.begin(), reds.end(), 0);
-        QVERIFY2(even < 6 && sum >= 67 && sum <= 157, qPrintable(line));
-        sixOdd += even == 0;
-        lowest = std::min(lowest, sum);
-        highest = std::max(highest, sum);
+        QVERIFY2(reds.first() >= 1 && reds.last() <= 33, qPrintable(line));
+        evens << int(std::ranges::count_if(reds, [](int red) { return red % 2 == 0; }));
+        sums << std::accumulate(reds.begin(), reds.end(), 0);
+        for (int k = 1; k < 6; ++k)
+            gaps << reds[k] - reds[k - 1];
     }
-    // Six odd reds and a gap of 13 pass, and the sums come near both bounds.
-    QVERIFY(sixOdd > 0);
-    QVERIFY(gapOf13 > 0);
-    QVERIFY(lowest < 75 && highest > 145);
+    // Every end that the tests allow is reached, and none is passed: six odd
+    // reds but not six even, reds in order with gaps up to 13, sums of 67 to 157.
+    QCOMPARE(*std::ranges::min_element(evens), 0);
+    QCOMPARE(*std::ranges::max_element(evens), 5);
+    QCOMPARE(*std::ranges::min_element(gaps), 1);
+    QCOMPARE(*std::ranges::max_element(gaps), 13);
+    QCOMPARE(*std::ranges::min_element(sums), 67);
+    QCOMPARE(*std::ranges::max_element(sums), 157);
 }
 
 void ForecastCoreTest::ballRangesAreHonouredBothEndsIncluded()
 {
+    // Each ball has a range of its own; every end is reached, none passed.
     const QList<int> mins{2, 6, 10, 17, 21, 27};
     const QList<int> maxes{5, 9, 16, 20, 26, 30};
     BallRanges ranges;
-    for (int ball = 1; ball <= 6; ++ball) {
-        ranges.min(ball) = mins[ball - 1];
-        ranges.max(ball) = maxes[ball - 1];
-    }
+    std::ranges::copy(mins, ranges.BallMin.begin());
+    std::ranges::copy(maxes, ranges.BallMax.begin());
     Core c(99, {}, ranges);
-    const QStringList lines = batch(c.core, 300);
-    QCOMPARE(lines.size(), 300);
     QList<int> lowest(6, 99), highest(6, 0);
-    for (const QString& line : lines) {
+    for (const QString& line : batch(c.core, 300)) {
         const QList<int> reds = redsOf(line);
         for (int k = 0; k < 6; ++k) {
             lowest[k] = std::min(lowest[k], reds[k]);
@@ -151,30 +227,6 @@ void ForecastCoreTest::ballRangesAreHonouredBothEndsIncluded()
     }
     QCOMPARE(lowest, mins);
     QCOMPARE(highest, maxes);
-}
-
-void ForecastCoreTest::redOneAndBlueSixteenHaveTheirOwnOdds()
-{
-    // The rule hook sees every red as it is drawn, 34 already redrawn: the
-    // conversion alone. Red 1 has 1 chance in 65, each of 2 to 33 has 2.
-    std::array<int, 35> reds{};
-    ForecastHooks hooks;
-    hooks.refuseRed = [&reds](qint32 red) {
-        ++reds[size_t(red)];
-        return false;
-    };
-    Core redCore(4242, hooks);
-    for (int group = 0; group < 12000; ++group)
-        redCore.core.产生红色球(6);
-    QCOMPARE(outsideOdds(reds, [](int n) { return n < 1 || n > 33 ? 0 : n == 1 ? 1 : 2; }, 65.0), -1);
-
-    // Blue 1 has 1 chance in 32, each of 2 to 15 has 2, and 16 has 3.
-    std::array<int, 18> blues{};
-    Core blueCore(777);
-    for (int i = 0; i < 64000; ++i)
-        ++blues[size_t(blueCore.core.产生蓝色球())];
-    QCOMPARE(outsideOdds(blues, [](int n) { return n < 1 || n > 16 ? 0 : n == 1 ? 1 : n == 16 ? 3 : 2; }, 32.0),
-             -1);
 }
 
 void ForecastCoreTest::historyTest_data()

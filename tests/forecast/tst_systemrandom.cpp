@@ -30,9 +30,8 @@ void SystemRandomTest::valuesSpreadEvenlyOverTheUnitInterval()
 
 void SystemRandomTest::randomizeNeverLeavesTheStateUnchanged()
 {
-    // However close together the calls come, a copy taken before Randomize
-    // goes on differently from the original: a re-seed from the clock alone
-    // would fail here.
+    // However close together the calls come, Randomize moves the state on: a
+    // copy taken before it goes on differently from the original.
     SystemRandom random;
     for (int i = 0; i < 20000; ++i) {
         SystemRandom before = random;

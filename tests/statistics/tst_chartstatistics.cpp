@@ -1,10 +1,18 @@
 #include "history/drawhistory.h"
+#include "settings/ballranges.h"
+#include "settings/settingsstore.h"
+#include "statistics/ballpanel.h"
 #include "statistics/perball.h"
 #include "statistics/sevenball.h"
 
+#include <QTemporaryDir>
 #include <QtTest>
 
 #include <functional>
+
+// The charts' statistics, and what the panel of a ball's chart reads and
+// saves; each case of the panel works on a settings store in a temporary
+// folder, never the user's.
 
 namespace {
 
@@ -49,6 +57,10 @@ private slots:
     void frequency();
     void derivedCharts_data();
     void derivedCharts();
+    void panelLoadsSavedPositions_data();
+    void panelLoadsSavedPositions();
+    void panelConfirmSavesPositionsAndRange_data();
+    void panelConfirmSavesPositionsAndRange();
 };
 
 void ChartStatisticsTest::frequency_data()
@@ -61,22 +73,23 @@ void ChartStatisticsTest::frequency_data()
     QTest::newRow("first red 01, 03, 01") << 1 << QStringList{"01", "03", "01"} << QStringList{"1=2", "2=0", "3=1"};
     QTest::newRow("ball 8 with no second blue: all 00")
         << 8 << QStringList{noSecondBlue, noSecondBlue, noSecondBlue} << QStringList{"0=3"};
-    QTest::newRow("a single draw") << 1 << QStringList{"12"} << QStringList{"12=1"};
     QTest::newRow("empty list: one row labelled 0, nothing written") << 1 << QStringList{} << QStringList{"0="};
     QTest::newRow("a blank cell sorts last, makes Low 0 and counts for every value")
         << 1 << QStringList{"05", "", "07", "06"}
         << QStringList{"0=1", "1=1", "2=1", "3=1", "4=1", "5=2", "6=2", "7=2"};
     QTest::newRow("a one-digit cell sorts above 33 and caps the rows")
         << 1 << QStringList{"33", "8", "05"} << QStringList{"5=1", "6=0", "7=0", "8=1"};
+    QTest::newRow("a fraction rounds for High but matches no value")
+        << 1 << QStringList{"05", "5.5", "03"} << QStringList{"3=1", "4=0", "5=1", "6=0"};
     QTest::newRow("a letter on top leaves High 0, below Low: no rows")
         << 1 << QStringList{"03", "x", "05"} << QStringList{};
-    // The chart holds 32,767 rows; a wider span leaves it and its values empty.
+    // The chart holds 32,767 rows; a wider span, such as that of a mistyped
+    // 99999999, leaves it and its values empty.
     QStringList widest{"1=2"};
     for (int value = 2; value < 32767; ++value)
         widest << QString::number(value) + QStringLiteral("=0");
     QTest::newRow("32767 rows fit") << 1 << QStringList{"1", "32767", "1"} << (widest << "32767=1");
     QTest::newRow("32768 rows don't") << 1 << QStringList{"1", "32768"} << QStringList{};
-    QTest::newRow("a mistyped 99999999") << 1 << QStringList{"05", "99999999", "12"} << QStringList{};
 }
 
 void ChartStatisticsTest::frequency()
@@ -102,16 +115,14 @@ void ChartStatisticsTest::derivedCharts_data()
     QTest::addColumn<QStringList>("scratch"); // sub-item 10 afterwards, the rows sorted by it
     QTest::addColumn<QStringList>("rows");
 
-    const Statistic difference65 = [](DrawHistory& history) { return perball::differences(history, 4); };
-    QTest::newRow("球6－球5 of 01 02 03 04 05 33")
-        << difference65 << QStringList{"01 02 03 04 05 33 07 00"} << QStringList{"28"} << QStringList{"28=1"};
     QTest::newRow("a descending red gives a negative cell")
         << Statistic([](DrawHistory& history) { return perball::differences(history, 0); })
         << QStringList{"10 07 12 13 14 15 16 00", "01 03 05 07 09 11 13 00"} << QStringList{"02", "-03"}
         << QStringList{"-3=1", "-2=0", "-1=0", "0=0", "1=0", "2=1"};
-    QTest::newRow("a draw without the pair stays blank and counts for every value")
-        << difference65 << QStringList{"01 02 03 04 05 08 01 00", "01 02", "01 02 03 04 05 07 01 00"}
-        << QStringList{"03", "02", ""} << QStringList{"0=1", "1=1", "2=2", "3=2"};
+    QTest::newRow("球6－球5: a draw without the pair stays blank and counts for every value")
+        << Statistic([](DrawHistory& history) { return perball::differences(history, 4); })
+        << QStringList{"01 02 03 04 05 08 01 00", "01 02", "01 02 03 04 05 07 01 00"} << QStringList{"03", "02", ""}
+        << QStringList{"0=1", "1=1", "2=2", "3=2"};
     QTest::newRow("mean of two: halves away from zero")
         << Statistic([](DrawHistory& history) { return perball::pairMeans(history, 0); })
         << QStringList{"03 04 05 06 07 08 09 00", "08 09 10 11 12 13 14 00", "10 12 13 14 15 16 01 00"}
@@ -141,6 +152,84 @@ void ChartStatisticsTest::derivedCharts()
     for (int row = 0; row < history.count(); ++row)
         cells << history.subItem(row, DrawHistory::ScratchSubItem);
     QCOMPARE(cells, scratch);
+}
+
+void ChartStatisticsTest::panelLoadsSavedPositions_data()
+{
+    // The lists hold 5 and 6 entries, put at 1 and 2 by the caller. A null
+    // text is a key never saved.
+    QTest::addColumn<QString>("storedMin");
+    QTest::addColumn<QString>("storedMax");
+    QTest::addColumn<int>("minIndex");
+    QTest::addColumn<int>("maxIndex");
+
+    QTest::newRow("nothing saved: first and last") << QString() << QString() << 0 << 5;
+    QTest::newRow("saved positions") << "2" << "3" << 2 << 3;
+    QTest::newRow("not numeric: first and last") << "abc" << "" << 0 << 5;
+    QTest::newRow("past the end or below -1: stays") << "5" << "-2" << 1 << 2;
+    QTest::newRow("the last entry and -1 (no entry) are positions") << "4" << "-1" << 4 << -1;
+}
+
+void ChartStatisticsTest::panelLoadsSavedPositions()
+{
+    QFETCH(QString, storedMin);
+    QFETCH(QString, storedMax);
+    QFETCH(int, minIndex);
+    QFETCH(int, maxIndex);
+    QTemporaryDir folder;
+    IniSettingsStore store(folder.path(), QStringLiteral("ballpanel-test"));
+    if (!storedMin.isNull())
+        store.write(QStringLiteral("设置I"), QStringLiteral("球3取值MIN"), storedMin);
+    if (!storedMax.isNull())
+        store.write(QStringLiteral("设置I"), QStringLiteral("球3取值MAX"), storedMax);
+    const ballpanel::ListPositions positions =
+        ballpanel::loadPositions(store, QStringLiteral("3"), 5, 6, ballpanel::ListPositions{1, 2});
+    QCOMPARE(positions.minIndex, minIndex);
+    QCOMPARE(positions.maxIndex, maxIndex);
+}
+
+void ChartStatisticsTest::panelConfirmSavesPositionsAndRange_data()
+{
+    QTest::addColumn<QString>("ball");
+    QTest::addColumn<int>("minIndex");
+    QTest::addColumn<QString>("minText");
+    QTest::addColumn<int>("maxIndex");
+    QTest::addColumn<QString>("maxText");
+    QTest::addColumn<QList<int>>("range"); // the ball's range afterwards; balls 7 and 8 have none
+
+    QTest::newRow("ball 2") << "2" << 1 << "4" << 20 << "23" << QList<int>{4, 23};
+    QTest::newRow("a reversed pair is taken as it stands") << "1" << 9 << "12" << 2 << "5" << QList<int>{12, 5};
+    QTest::newRow("ball 6 of an empty history: 0 to 0") << "6" << 0 << "0" << 0 << "0" << QList<int>{0, 0};
+    QTest::newRow("no entry selected leaves the range") << "3" << -1 << "" << -1 << "" << QList<int>{1, 33};
+    QTest::newRow("ball 7 writes positions, no range") << "7" << 1 << "2" << 10 << "12" << QList<int>{};
+}
+
+void ChartStatisticsTest::panelConfirmSavesPositionsAndRange()
+{
+    QFETCH(QString, ball);
+    QFETCH(int, minIndex);
+    QFETCH(QString, minText);
+    QFETCH(int, maxIndex);
+    QFETCH(QString, maxText);
+    QFETCH(QList<int>, range);
+    QTemporaryDir folder;
+    IniSettingsStore store(folder.path(), QStringLiteral("ballpanel-test"));
+    BallRanges ranges;
+    ranges.BallMin.fill(1);
+    ranges.BallMax.fill(33);
+    BallRanges expected = ranges;
+    ballpanel::confirm(store, ranges, ball, minIndex, minText, maxIndex, maxText);
+
+    QCOMPARE(store.read("设置I", "球" + ball + "取值MIN", "none"), QString::number(minIndex));
+    QCOMPARE(store.read("设置I", "球" + ball + "取值MAX", "none"), QString::number(maxIndex));
+    if (!range.isEmpty()) {
+        expected.min(ball.toInt()) = range[0];
+        expected.max(ball.toInt()) = range[1];
+    }
+    QCOMPARE(ranges.BallMin, expected.BallMin);
+    QCOMPARE(ranges.BallMax, expected.BallMax);
+    // The ranges reach "设置M" only at exit.
+    QCOMPARE(store.read("设置M", "球" + ball + "取值MIN", "none"), QStringLiteral("none"));
 }
 
 QTEST_GUILESS_MAIN(ChartStatisticsTest)

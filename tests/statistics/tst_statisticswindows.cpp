@@ -1,5 +1,6 @@
 #include "app/mainform.h"
 #include "statistics/formchart.h"
+#include "statistics/qiuhaonoshow.h"
 #include "testapp.h"
 #include "windowkit/programstyle.h"
 
@@ -11,9 +12,13 @@
 #include <QChartView>
 #include <QComboBox>
 #include <QFrame>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QValueAxis>
 #include <QtTest>
+
+// The statistics windows: the chart window as the main window's buttons and
+// menu entries open it, and the window of the recent undrawn red balls.
 
 namespace {
 
@@ -34,7 +39,7 @@ QStringList scratchColumn(MainForm& form)
 
 } // namespace
 
-class FormChartTest : public QObject {
+class StatisticsWindowsTest : public QObject {
     Q_OBJECT
 
 private slots:
@@ -43,24 +48,25 @@ private slots:
     void derivedChart_data();
     void derivedChart();
     void drawsManyCategoriesLegibly();
+    void undrawnRedsOfTheNewestDraws_data();
+    void undrawnRedsOfTheNewestDraws();
 };
 
-void FormChartTest::frequencyPanel_data()
+void StatisticsWindowsTest::frequencyPanel_data()
 {
-    QTest::addColumn<QString>("action");
+    QTest::addColumn<bool>("confirmed"); // or closed by the frame, after a change either way
     QTest::addColumn<QString>("storedMin"); // "球2取值MIN" of "设置I" afterwards
     QTest::addColumn<QString>("storedMax");
     QTest::addColumn<int>("rangeMin"); // ball 2's range afterwards
     QTest::addColumn<int>("rangeMax");
 
-    QTest::newRow("confirmed after a change") << "change" << "1" << "3" << 8 << 10;
-    QTest::newRow("confirmed as offered") << "confirm" << "0" << "4" << 7 << 11;
-    QTest::newRow("closed by the frame after a change") << "frame" << "none" << "none" << 1 << 33;
+    QTest::newRow("confirmed") << true << "1" << "3" << 8 << 10;
+    QTest::newRow("closed by the frame") << false << "none" << "none" << 1 << 33;
 }
 
-void FormChartTest::frequencyPanel()
+void StatisticsWindowsTest::frequencyPanel()
 {
-    QFETCH(QString, action);
+    QFETCH(bool, confirmed);
     QFETCH(QString, storedMin);
     QFETCH(QString, storedMax);
     QFETCH(int, rangeMin);
@@ -68,27 +74,29 @@ void FormChartTest::frequencyPanel()
     StartedMainForm loaded(threeDraws);
     MainForm& form = loaded.form;
     form.Combo1->setCurrentIndex(1); // ball 2
-    const QStringList values{"7", "8", "9", "10", "11"};
 
     bool enabledWhileOpen = true;
     QStringList categories;
+    QStringList items;
     whenWindowShown<FormChart>([&](FormChart* chart) {
         enabledWhileOpen = form.Command3->isEnabled();
         categories = chart->categoryAxis()->categories();
-        if (action != "confirm") {
-            chart->Combo1->setCurrentIndex(1);
-            chart->Combo2->setCurrentIndex(3);
-        }
-        if (action == "frame")
-            chart->close();
-        else
+        for (int i = 0; i < chart->Combo1->count(); ++i)
+            items << chart->Combo1->itemText(i);
+        chart->Combo1->setCurrentIndex(1);
+        chart->Combo2->setCurrentIndex(3);
+        if (confirmed)
             QTest::mouseClick(chart->Command1, Qt::LeftButton);
+        else
+            chart->close();
     });
     QTest::mouseClick(form.Command3, Qt::LeftButton);
 
     QVERIFY(!enabledWhileOpen);
     QVERIFY(form.Command3->isEnabled());
+    const QStringList values{"7", "8", "9", "10", "11"};
     QCOMPARE(categories, values);
+    QCOMPARE(items, values);
     QCOMPARE(loaded.app.context.settings.read("设置I", "球2取值MIN", "none"), storedMin);
     QCOMPARE(loaded.app.context.settings.read("设置I", "球2取值MAX", "none"), storedMax);
     QCOMPARE(loaded.app.context.ranges.min(2), rangeMin);
@@ -97,23 +105,19 @@ void FormChartTest::frequencyPanel()
     QCOMPARE(issuesOf(form.history()), (QStringList{"2010002", "2010001", "2010003"}));
 
     // The next opening is a new window, its lists where the last confirmation left them.
-    QStringList items;
     int minIndex = -2;
     int maxIndex = -2;
     whenWindowShown<FormChart>([&](FormChart* chart) {
-        for (int i = 0; i < chart->Combo1->count(); ++i)
-            items << chart->Combo1->itemText(i);
         minIndex = chart->Combo1->currentIndex();
         maxIndex = chart->Combo2->currentIndex();
         chart->close();
     });
     QTest::mouseClick(form.Command3, Qt::LeftButton);
-    QCOMPARE(items, values);
-    QCOMPARE(minIndex, storedMin == "none" ? 0 : storedMin.toInt());
-    QCOMPARE(maxIndex, storedMax == "none" ? 4 : storedMax.toInt());
+    QCOMPARE(minIndex, confirmed ? 1 : 0);
+    QCOMPARE(maxIndex, confirmed ? 3 : 4);
 }
 
-void FormChartTest::derivedChart_data()
+void StatisticsWindowsTest::derivedChart_data()
 {
     QTest::addColumn<QString>("button");
     QTest::addColumn<bool>("fromMenu");
@@ -131,7 +135,7 @@ void FormChartTest::derivedChart_data()
     QTest::newRow("七个球偶数出现率统计, menu") << "Command12" << true << evens;
 }
 
-void FormChartTest::derivedChart()
+void StatisticsWindowsTest::derivedChart()
 {
     QFETCH(QString, button);
     QFETCH(bool, fromMenu);
@@ -166,7 +170,7 @@ void FormChartTest::derivedChart()
     QCOMPARE(issuesOf(form.history()), issues);
 }
 
-void FormChartTest::drawsManyCategoriesLegibly()
+void StatisticsWindowsTest::drawsManyCategoriesLegibly()
 {
     TestApp app;
     FormChart chart(app.context);
@@ -200,12 +204,55 @@ void FormChartTest::drawsManyCategoriesLegibly()
     QVERIFY(metrics.height() >= 10); // and not shrunk out of sight
 }
 
+void StatisticsWindowsTest::undrawnRedsOfTheNewestDraws_data()
+{
+    QTest::addColumn<QStringList>("groups"); // newest first
+    QTest::addColumn<QString>("draws");
+    QTest::addColumn<QString>("result"); // or the message
+    const QString newest = QStringLiteral("08 09 17 25 27 32 06 15");
+    const QString older = QStringLiteral("10 11 12 13 14 15 16 00");
+    QTest::newRow("the newest draw, its blues stay")
+        << QStringList{newest, older} << "1"
+        << "01 02 03 04 05 06 07 10 11 12 13 14 15 16 18 19 20 21 22 23 24 26 28 29 30 31 33";
+    QTest::newRow("twenty draws to the last row")
+        << QStringList(19, QStringLiteral("01 02 03 04 05 06 07 00")) + QStringList{older} << "20"
+        << "07 08 09 16 17 18 19 20 21 22 23 24 25 26 27 28 29 30 31 32 33";
+    QTest::newRow("a short text runs into the next")
+        << QStringList{"01 02 03 04 05 32", older} << "2"
+        << "06 07 08 09 10 16 17 18 19 20 21 22 23 24 25 26 27 28 29 30 31 32 33";
+    QTest::newRow("too few draws") << QStringList{newest} << "5" << "历史记录中的开奖数据不足5期，无法统计！";
+}
+
+void StatisticsWindowsTest::undrawnRedsOfTheNewestDraws()
+{
+    QFETCH(QStringList, groups);
+    QFETCH(QString, draws);
+    QFETCH(QString, result);
+    TestApp app;
+    DrawHistory history;
+    for (int i = groups.size() - 1; i >= 0; --i) {
+        const QString issue = QString::number(2007100 - i);
+        history.add(DrawHistory::keyOf(issue), issue);
+        history.setSubItem(history.count() - 1, DrawHistory::GroupSubItem, groups[i]);
+    }
+    history.setSortOrder(1); // as a descending sort by another column leaves it
+    qiuhaonoshow form(app.context, history);
+    QCOMPARE(form.Combo1->currentText(), QStringLiteral("5"));
+    form.Combo1->setCurrentText(draws);
+    form.Command1->click();
+    const bool refused = !app.messages.shown.isEmpty();
+    QCOMPARE(refused ? app.messages.shown[0].text : form.Text1->text(), result);
+    QCOMPARE(form.Text1->text().isEmpty() && !app.process.ended(), refused);
+    form.accept();
+    QCOMPARE(issuesOf(history).first(), QStringLiteral("2007100"));
+}
+
 int main(int argc, char* argv[])
 {
     QApplication application(argc, argv);
     programstyle::applyTo(application);
-    FormChartTest test;
+    StatisticsWindowsTest test;
     return QTest::qExec(&test, argc, argv);
 }
 
-#include "tst_formchart.moc"
+#include "tst_statisticswindows.moc"

@@ -1,0 +1,357 @@
+#include "forecast/forecastbet.h"
+#include "forecast/forecastfilter.h"
+#include "forecast/forecastnormal.h"
+#include "forecast/resultoutput.h"
+#include "forecast/richtextbox.h"
+#include "forecasthelpers.h"
+#include "platform/runtimefailure.h"
+#include "testapp.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDir>
+#include <QFile>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QtTest>
+
+#include <memory>
+
+using namespace forecasttest;
+
+namespace {
+
+const QString a = QStringLiteral("03 09 17 20 27 30");
+const QString b = QStringLiteral("01 05 09 12 20 33");
+const QString notNumeric = QStringLiteral("每次预测的号码数，必须是数字！");
+const QString outOfRange = QStringLiteral("每次预测的号码数，必须是1-10000的数字！");
+
+void click(QAbstractButton* button)
+{
+    QTest::mouseClick(button, Qt::LeftButton);
+}
+
+// How many of the numbers stand among the reds of a result line.
+int hits(const QString& line, const QString& numbers)
+{
+    const QStringList reds = line.left(17).split(QLatin1Char(' '));
+    const QStringList wanted = numbers.split(QLatin1Char(' '));
+    return int(std::ranges::count_if(wanted, [&](const QString& n) { return reds.contains(n); }));
+}
+
+// One of the three forecast windows, shown, over full ranges and a history of these rows.
+struct Forecast {
+    explicit Forecast(const QString& kind = QStringLiteral("ForecastNormal"), const QStringList& rows = {})
+        : kind(kind)
+    {
+        app.context.ranges = fullRanges();
+        addRows(history, rows);
+        open();
+    }
+    // Closes the open window, which stores what it keeps, and opens a new one.
+    void open()
+    {
+        if (form)
+            form->reject();
+        if (kind == "ForecastFilter")
+            form = std::make_unique<ForecastFilter>(app.context, history);
+        else if (kind == "ForecastBet")
+            form = std::make_unique<ForecastBet>(app.context, history);
+        else
+            form = std::make_unique<ForecastNormal>(app.context, history);
+        form->show();
+    }
+    QLineEdit* text3() const { return form->findChild<QLineEdit*>(QStringLiteral("Text3")); }
+    QComboBox* betCount() const { return form->findChild<QComboBox*>(QStringLiteral("Combo1")); }
+    QString box() const { return form->RichTextBox1->Text(); }
+    // Fills in the count and clicks the run button, the focus away from Text2; gives the lines of the box.
+    QStringList run(const QString& count)
+    {
+        form->Text2->setText(count);
+        form->Command1->setFocus();
+        click(form->Command1);
+        return box().split(QStringLiteral("\r\n"), Qt::SkipEmptyParts);
+    }
+
+    QString kind;
+    TestApp app;
+    DrawHistory history;
+    std::unique_ptr<ForecastWindow> form;
+};
+
+} // namespace
+
+class ForecastWindowsTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void boxInsertsAtTheCaret_data();
+    void boxInsertsAtTheCaret();
+    void refusalsLeaveTheBoxAndTheTextsAreKept_data();
+    void refusalsLeaveTheBoxAndTheTextsAreKept();
+    void singleGroupsPileUpAtTheEndAndABatchReplaces();
+    void highestCountRunsWithItsNoticeShownAndItsButtonBlocked();
+    void resultButtonsWorkOnTheBox();
+    void filterKeepsForbiddenRedsOutButNotBlues();
+    void betRuns_data();
+    void betRuns();
+    void betFillsText3FromTheLatestDraws();
+};
+
+void ForecastWindowsTest::boxInsertsAtTheCaret_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<int>("start");
+    QTest::addColumn<QString>("inserted");
+    QTest::addColumn<QString>("result");
+    QTest::addColumn<int>("caretAfter");
+    QTest::newRow("at the end, behind a break") << "08\r\n" << 4 << "09\r\n" << "08\r\n09\r\n" << 8;
+    QTest::newRow("beyond the end is the end; lone LF and CR become CR LF")
+        << "a\nb\rc" << 99 << "\n" << "a\r\nb\r\nc\r\n" << 9;
+    QTest::newRow("start of the second line") << "ab\r\ncd" << 4 << "X" << "ab\r\nXcd" << 5;
+    QTest::newRow("between CR and LF: at the break") << "ab\r\ncd" << 3 << "X" << "abX\r\ncd" << 3;
+}
+
+void ForecastWindowsTest::boxInsertsAtTheCaret()
+{
+    QFETCH(QString, text);
+    QFETCH(int, start);
+    QFETCH(QString, inserted);
+    QFETCH(QString, result);
+    QFETCH(int, caretAfter);
+    RichTextBox box;
+    box.setText(text);
+    box.setSelStart(start);
+    QCOMPARE(box.SelLength(), 0);
+    box.setSelText(inserted);
+    QCOMPARE(box.Text(), result);
+    QCOMPARE(box.SelStart(), caretAfter);
+}
+
+void ForecastWindowsTest::refusalsLeaveTheBoxAndTheTextsAreKept_data()
+{
+    QTest::addColumn<QString>("kind");
+    QTest::addColumn<int>("max"); // of ball 3, whose minimum is 2
+    QTest::addColumn<QString>("numbers"); // Text3 and the bet count, where the window has them
+    QTest::addColumn<QString>("betCount");
+    QTest::addColumn<QString>("count");
+    QTest::addColumn<QString>("message");
+    QTest::addColumn<QString>("rewritten"); // Text3 afterwards
+    const QString overflow = runtimeFailureReport(RuntimeError(RuntimeError::Overflow));
+    const QString badList = QStringLiteral("“红色球不允许出现的号码”设置不合理，或者1-6号球设置的范围不合理！");
+    const QString badBet = QStringLiteral("要求出现投注号码的个数不合理，或者投注号码不规范！\r\n请重新选择和设置！");
+    const QString normal = QStringLiteral("ForecastNormal");
+    const QString filter = QStringLiteral("ForecastFilter");
+    const QString bet = QStringLiteral("ForecastBet");
+    QTest::newRow("0.4 rounds to 0") << normal << 33 << "" << "" << "0.4" << outOfRange << "";
+    QTest::newRow("10001") << normal << 33 << "" << "" << "10001" << outOfRange << "";
+    QTest::newRow("beyond 32 bits ends the program") << normal << 33 << "" << "" << "99999999999" << overflow << "";
+    // The window's own numbers are checked before the count.
+    QTest::newRow("filter: empty list, a minimum above its maximum") << filter << 1 << "" << "" << "x" << badList << "";
+    QTest::newRow("filter: the whole range of a ball, blanks around")
+        << filter << 3 << " 03  02 " << "" << "x" << badList << " 03  02 ";
+    QTest::newRow("filter: a digit takes characters, not a number")
+        << filter << 3 << "2 3" << "" << "x" << notNumeric << "2 3";
+    QTest::newRow("bet: a bad token, too few left") << bet << 33 << "01 x5 03" << "2个" << "x" << badBet << "01";
+    QTest::newRow("bet: a range needs its upper count") << bet << 33 << "02 08 26" << "2-4个" << "x" << badBet
+                                                        << "02 08 26";
+    QTest::newRow("bet: numbers enough, then the count") << bet << 33 << "5" << "1个" << "x" << notNumeric << "05";
+}
+
+void ForecastWindowsTest::refusalsLeaveTheBoxAndTheTextsAreKept()
+{
+    QFETCH(QString, kind);
+    QFETCH(int, max);
+    QFETCH(QString, numbers);
+    QFETCH(QString, betCount);
+    QFETCH(QString, count);
+    QFETCH(QString, message);
+    QFETCH(QString, rewritten);
+    Forecast w(kind);
+    QVERIFY(QTest::qWaitForWindowActive(w.form.get()));
+    w.app.context.ranges.min(3) = 2;
+    w.app.context.ranges.max(3) = max;
+    if (w.text3())
+        w.text3()->setText(numbers);
+    if (w.betCount())
+        w.betCount()->setCurrentText(betCount);
+    w.form->Check1->setChecked(true);
+    w.form->Check2->setChecked(true);
+    w.form->RichTextBox1->setText(QStringLiteral("earlier\r\n"));
+    w.run(count);
+    QCOMPARE(w.app.messages.shown.size(), 1);
+    QCOMPARE(w.app.messages.shown[0].icon, MessageIcon::Critical);
+    QCOMPARE(w.app.messages.shown[0].text, message);
+    QCOMPARE(w.app.process.ended(), count == "99999999999");
+    if (message == notNumeric || message == outOfRange)
+        QTRY_VERIFY(w.form->Text2->hasFocus());
+    QCOMPARE(w.box(), QStringLiteral("earlier\r\n"));
+    QVERIFY(w.form->Command1->isEnabled());
+
+    // The texts, Text3 as the check rewrote it, come back at the next opening;
+    // the ticks start empty.
+    w.open();
+    QVERIFY(!w.form->Label4->isVisible());
+    QCOMPARE(w.form->Text2->text(), count);
+    QVERIFY(!w.form->Check1->isChecked() && !w.form->Check2->isChecked());
+    if (w.text3())
+        QCOMPARE(w.text3()->text(), rewritten);
+    if (w.betCount())
+        QCOMPARE(w.betCount()->currentText(), betCount);
+}
+
+void ForecastWindowsTest::singleGroupsPileUpAtTheEndAndABatchReplaces()
+{
+    Forecast w(QStringLiteral("ForecastNormal"), {"08 09 17 25 27 32 06 15"});
+    w.form->Check1->setChecked(true);
+    w.form->Check2->setChecked(true);
+    // The first candidate repeats the past draw, blue and all; the second is new.
+    queueGroup(w.app.random, {8, 9, 17, 25, 27, 32}, 6);
+    queueGroup(w.app.random, {3, 9, 17, 20, 27, 30}, 6);
+    click(w.form->Command1);
+    // The caret elsewhere: the next line still goes behind the last.
+    w.form->RichTextBox1->setSelStart(0);
+    queueGroup(w.app.random, {1, 5, 9, 12, 20, 33}, 7);
+    click(w.form->Command1);
+    QCOMPARE(w.box(), a + "  06\r\n" + b + "  07\r\n");
+
+    w.form->Check1->setChecked(false);
+    queueGroup(w.app.random, {1, 5, 9, 12, 20, 33});
+    queueGroup(w.app.random, {3, 9, 17, 20, 27, 30});
+    w.run(QStringLiteral("2"));
+    QCOMPARE(w.box(), b + "\r\n" + a + "\r\n");
+}
+
+void ForecastWindowsTest::highestCountRunsWithItsNoticeShownAndItsButtonBlocked()
+{
+    Forecast w;
+    int looks = 0;
+    int wrong = 0;
+    QTimer watcher;
+    connect(&watcher, &QTimer::timeout, [&] {
+        ++looks;
+        wrong += !w.form->Label4->isVisible() || w.form->Command1->isEnabled();
+    });
+    watcher.start(0);
+    // The highest count, reached by rounding half to even.
+    w.run(QStringLiteral("10000.5"));
+    watcher.stop();
+    // Events ran before the first group and after every 1000th.
+    QCOMPARE(looks, 11);
+    QCOMPARE(wrong, 0);
+    QVERIFY(!w.form->Label4->isVisible());
+    QVERIFY(w.form->Command1->isEnabled());
+    QCOMPARE(w.box().count(QStringLiteral("\r\n")), 10000);
+}
+
+void ForecastWindowsTest::resultButtonsWorkOnTheBox()
+{
+    Forecast w;
+    QVERIFY(QTest::qWaitForWindowActive(w.form.get()));
+    w.form->RichTextBox1->setText(b + "\r\n" + a + "\r\n" + b + "\r\n");
+    click(w.form->Command5);
+    QVERIFY(w.form->Command5->isEnabled());
+    QCOMPARE(w.box(), b + "\r\n" + a);
+    QCOMPARE(w.app.messages.shown.size(), 1);
+    // No break is left at the end, so a single group joins the last line.
+    queueGroup(w.app.random, {8, 9, 17, 25, 27, 32});
+    click(w.form->Command1);
+    const QString joined = b + "\r\n" + a + "08 09 17 25 27 32\r\n";
+    QTest::keyClick(w.form->RichTextBox1, Qt::Key_Escape); // the window has no button that closes it
+    QVERIFY(w.form->isVisible());
+
+    click(w.form->Command3);
+    QCOMPARE(w.app.clipboard.contents, joined);
+    click(w.form->Command4);
+    const QString document = QDir(w.app.programFolder()).filePath(QStringLiteral("PrintTemp.doc"));
+    QCOMPARE(w.app.launcher.documents, QStringList{document});
+    QFile file(document);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QCOMPARE(file.readAll(), resultoutput::printDocument(joined));
+    click(w.form->Command2);
+    QCOMPARE(w.box(), QString());
+}
+
+void ForecastWindowsTest::filterKeepsForbiddenRedsOutButNotBlues()
+{
+    // The text is searched for each red's two digits: "2" forbids nothing,
+    // and any separator will do.
+    Forecast w(QStringLiteral("ForecastFilter"));
+    w.text3()->setText(QStringLiteral("2 08,26"));
+    w.form->Check1->setChecked(true);
+    const QStringList lines = w.run(QStringLiteral("2000"));
+    QCOMPARE(lines.size(), 2000);
+    for (const QString& line : lines)
+        QVERIFY2(hits(line, QStringLiteral("08 26")) == 0, qPrintable(line));
+    QVERIFY(!lines.filter(QRegularExpression(QStringLiteral("^(.. )*02 "))).isEmpty());
+    QVERIFY(!lines.filter(QRegularExpression(QStringLiteral("  08$"))).isEmpty());
+}
+
+void ForecastWindowsTest::betRuns_data()
+{
+    QTest::addColumn<QString>("count");
+    QTest::addColumn<QString>("numbers");
+    QTest::addColumn<QString>("groups");
+    QTest::addColumn<QString>("rewritten");
+    QTest::addColumn<QString>("outcome"); // the message, or the hits of every line, or no line at all
+    QTest::newRow("34 stops") << "1个" << "05 34 06" << "2" << "05" << "hits 1-1";
+    QTest::newRow("0 stops") << "1个" << "05 0 06" << "2" << "05" << "hits 1-1";
+    QTest::newRow("exact three, two digits each") << "3个" << "1 2 3" << "50" << "01 02 03" << "hits 3-3";
+    QTest::newRow("repeats count twice, decimals round") << "2个" << " 02  02 2.6 " << "20" << "02 02 03" << "hits 2-2";
+    QTest::newRow("one to two, the blue no hit") << "1-2个" << "02 08 26" << "500" << "02 08 26" << "hits 1-2";
+    // The group with 01 comes as the 2001st candidate, too late.
+    QTest::newRow("2000 attempts, one group") << "1个" << "01" << "1" << "01" << "无法预测，设置的条件不合理，请重新设置！";
+    QTest::newRow("beyond the ranges, a batch") << "1个" << "33" << "5" << "33" << "no line";
+}
+
+void ForecastWindowsTest::betRuns()
+{
+    QFETCH(QString, count);
+    QFETCH(QString, numbers);
+    QFETCH(QString, groups);
+    QFETCH(QString, rewritten);
+    QFETCH(QString, outcome);
+    Forecast w(QStringLiteral("ForecastBet"));
+    w.app.context.ranges.max(6) = 32;
+    for (int attempt = 0; numbers == "01" && attempt <= 2000; ++attempt)
+        queueGroup(w.app.random, {attempt < 2000 ? 3 : 1, 9, 17, 20, 27, 30}, 5);
+    w.form->RichTextBox1->setText(QStringLiteral("earlier\r\n"));
+    w.betCount()->setCurrentText(count);
+    w.text3()->setText(numbers);
+    w.form->Check1->setChecked(true);
+    const QStringList lines = w.run(groups);
+    QCOMPARE(w.text3()->text(), rewritten);
+    QCOMPARE(w.app.random.queued.size(), size_t(numbers == "01" ? 14 : 0));
+    if (!outcome.startsWith(QStringLiteral("hits "))) {
+        QCOMPARE(w.app.messages.shown.value(0).text, outcome == "no line" ? QString() : outcome);
+        QCOMPARE(lines, outcome == "no line" ? QStringList() : QStringList{"earlier"});
+        return;
+    }
+    QVERIFY(w.app.messages.shown.isEmpty() && !lines.isEmpty());
+    for (const QString& line : lines) {
+        const int found = hits(line, rewritten);
+        QVERIFY2(found >= outcome[5].digitValue() && found <= outcome[7].digitValue(), qPrintable(line));
+    }
+}
+
+void ForecastWindowsTest::betFillsText3FromTheLatestDraws()
+{
+    // The five newest draws leave 27 numbers, 80 characters, of which Text3
+    // keeps 70; the sixth draw doesn't count.
+    Forecast w(QStringLiteral("ForecastBet"), QStringList(6, QStringLiteral("01 02 03 04 05 06 07 00")));
+    w.history.setSubItem(0, DrawHistory::GroupSubItem, QStringLiteral("08 09 10 11 12 13 14 00"));
+    auto* fill = w.form->findChild<QPushButton*>(QStringLiteral("Command6"));
+    click(fill);
+    QCOMPARE(w.text3()->text(),
+             QStringLiteral("07 08 09 10 11 12 13 14 15 16 17 18 19 20 21 22 23 24 25 26 27 28 29 3"));
+    // With four draws the list's own failure ends the program.
+    w.history.removeAt(0);
+    w.history.removeAt(0);
+    click(fill);
+    QCOMPARE(w.app.process.exitCodes, QList<int>{1});
+}
+
+QTEST_MAIN(ForecastWindowsTest)
+
+#include "tst_forecastwindows.moc"
