@@ -270,8 +270,11 @@ void MainFormTest::standardButtonsSpeakChinese()
 {
     QtMessageService messages;
     QStringList captions;
+    int titleRoom = 0;
     whenWindowShown<QMessageBox>([&](QMessageBox* box) {
         captions << box->button(QMessageBox::Yes)->text() << box->button(QMessageBox::No)->text();
+        // Wide enough that a window frame need not cut the program's title.
+        titleRoom = box->width() - QFontMetrics(box->font()).horizontalAdvance(box->windowTitle());
         box->button(QMessageBox::No)->click();
     });
     QVERIFY(!messages.askYesNo(QStringLiteral("清空列表？")));
@@ -281,6 +284,7 @@ void MainFormTest::standardButtonsSpeakChinese()
     });
     messages.show(MessageIcon::Critical, QStringLiteral("信息不完整。"));
     QCOMPARE(captions, (QStringList{"是(&Y)", "否(&N)", "确定"}));
+    QVERIFY2(titleRoom >= 120, qPrintable(QString::number(titleRoom)));
 }
 
 void MainFormTest::menuEntries()
