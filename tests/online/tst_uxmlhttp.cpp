@@ -3,10 +3,6 @@
 #include "online/updatecheck.h"
 #include "online/uxmlhttp.h"
 
-#include <QFile>
-#include <QSignalSpy>
-#include <QTemporaryDir>
-#include <QTimer>
 #include <QtTest>
 
 class UXmlHttpTest : public QObject {
@@ -23,30 +19,25 @@ private slots:
 void UXmlHttpTest::endOfARequest_data()
 {
     QTest::addColumn<QString>("route"); // "refused": nothing listens there
-    QTest::addColumn<bool>("withPath");
     QTest::addColumn<int>("status");
     QTest::addColumn<QStringList>("errors"); // the texts of OnDateErr; OnDateArrived comes on 200 alone
-    QTest::addColumn<QByteArray>("file");    // the target file afterwards; it held "old"
 
     const QStringList none, noText{""};
-    const QByteArray old("old");
-    QTest::newRow("200, empty body keeps the file") << "/empty" << true << 200 << none << old;
-    QTest::newRow("200 replaces the file") << "/body" << true << 200 << none << QByteArray("1.2.4");
-    QTest::newRow("404") << "/404" << true << 404 << QStringList{"没有发现文件?查询或URl"} << old;
-    QTest::newRow("418 has no text") << "/418" << false << 418 << noText << old;
-    QTest::newRow("12029 ends in silence") << "/12029" << false << 12029 << none << old;
-    QTest::newRow("65936 does not fit 16 bits") << "/65936" << false << 65936 << none << old;
-    QTest::newRow("refused connection") << "refused" << false << 0 << noText << old;
-    QTest::newRow("reset connection") << "/hangup" << false << 0 << noText << old;
+    QTest::newRow("200, empty body keeps the file") << "/empty" << 200 << none;
+    QTest::newRow("200 replaces the file") << "/body" << 200 << none;
+    QTest::newRow("404") << "/404" << 404 << QStringList{"没有发现文件?查询或URl"};
+    QTest::newRow("418 has no text") << "/418" << 418 << noText;
+    QTest::newRow("12029 ends in silence") << "/12029" << 12029 << none;
+    QTest::newRow("65936 does not fit 16 bits") << "/65936" << 65936 << none;
+    QTest::newRow("refused connection") << "refused" << 0 << noText;
+    QTest::newRow("reset connection") << "/hangup" << 0 << noText;
 }
 
 void UXmlHttpTest::endOfARequest()
 {
     QFETCH(QString, route);
-    QFETCH(bool, withPath);
     QFETCH(int, status);
     QFETCH(QStringList, errors);
-    QFETCH(QByteArray, file);
 
     LocalHttpServer server([](const QByteArray& target) {
         if (target == "/body" || target == "/empty")
@@ -62,7 +53,7 @@ void UXmlHttpTest::endOfARequest()
     QSignalSpy arrivals(&control, &uXMLHTTP::OnDateArrived);
     QSignalSpy failures(&control, &uXMLHTTP::OnDateErr);
     control.Open_(QStringLiteral("get"), route == "refused" ? LocalHttpServer::refusedBase() : server.base() + route,
-                  withPath ? target.fileName() : QString());
+                  target.fileName());
     control.SetRequestHeader(QStringLiteral("X-Probe"), QStringLiteral("1"));
     control.Send_();
     QTRY_VERIFY(control.DownOK());
@@ -74,7 +65,7 @@ void UXmlHttpTest::endOfARequest()
         texts.append(failure.at(0).toString());
     QCOMPARE(texts, errors);
     QVERIFY(target.open(QIODevice::ReadOnly));
-    QCOMPARE(target.readAll(), file);
+    QCOMPARE(target.readAll(), route == "/body" ? "1.2.4" : "old"); // it held "old"; an empty body keeps it
     for (const QByteArray& head : server.heads)
         QVERIFY(head.startsWith("GET ") && head.contains("\r\nX-Probe: 1\r\n"));
 }
@@ -100,7 +91,7 @@ void UXmlHttpTest::abortWhilePollingEndsInSilence()
 void UXmlHttpTest::updateCheck_data()
 {
     QTest::addColumn<QString>("running");
-    QTest::addColumn<int>("status"); // 0: the connection is refused
+    QTest::addColumn<int>("status");
     QTest::addColumn<QByteArray>("file");
     QTest::addColumn<QString>("message"); // icon and text, empty for none
     QTest::addColumn<int>("ended");
@@ -118,8 +109,6 @@ void UXmlHttpTest::updateCheck_data()
     QTest::newRow("a step in single precision") << "3.0.1" << 200 << QByteArray("3.0.2") << newer + "3.0.2" << 1;
     QTest::newRow("a field too large fails the handler") << "1.2.3" << 200 << QByteArray("1e40.0.0") << "" << 0;
     QTest::newRow("404") << "1.2.3" << 404 << QByteArray() << "1:请保持网络畅通！" << 1;
-    QTest::newRow("refused") << "1.2.3" << 0 << QByteArray() << "1:请保持网络畅通！" << 1;
-    QTest::newRow("12029 is never heard of") << "1.2.3" << 12029 << QByteArray() << "" << 0;
 }
 
 void UXmlHttpTest::updateCheck()
@@ -132,7 +121,7 @@ void UXmlHttpTest::updateCheck()
 
     LocalHttpServer server(
         [&](const QByteArray&) { return status == 200 ? HttpAnswer{200, file} : HttpAnswer::error(status); });
-    const QString vendor = (status ? server.base() : LocalHttpServer::refusedBase()) + QStringLiteral("/vendor/");
+    const QString vendor = server.base() + QStringLiteral("/vendor/");
     FakeMessages messages;
     FakeLauncher launcher;
     uXMLHTTP control;
@@ -142,7 +131,7 @@ void UXmlHttpTest::updateCheck()
     updateCheck.StartUpdateCheck();
     QTRY_VERIFY(control.DownOK());
 
-    QCOMPARE(server.targets, status ? QList<QByteArray>{"/vendor/chengchuan/newver.txt"} : QList<QByteArray>());
+    QCOMPARE(server.targets, QList<QByteArray>{"/vendor/chengchuan/newver.txt"});
     QStringList shown;
     for (const ShownMessage& shownMessage : messages.shown)
         shown.append(QString::number(int(shownMessage.icon)) + ":" + shownMessage.text);

@@ -5,9 +5,6 @@
 // the requests it saw. An answer may also be silence (the connection stays
 // open and nothing comes) or a hang-up (the connection is dropped at once).
 
-#include <QByteArray>
-#include <QList>
-#include <QString>
 #include <QTcpServer>
 #include <QTcpSocket>
 
