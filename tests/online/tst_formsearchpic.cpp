@@ -8,7 +8,6 @@
 
 #include <QLabel>
 #include <QPushButton>
-#include <QSet>
 #include <QTextBrowser>
 #include <QtTest>
 
@@ -45,7 +44,11 @@ void FormSearchPicTest::pagesCommandsAndLinks()
     DrawHistory history;
     FormSearchPic form(app.context, history);
     window = &form;
-    QCOMPARE(form.StatusBar1Panel2->text(), QStringLiteral("目前是第1页。"));
+    QCOMPARE((QStringList{form.windowTitle(), form.Command1->text(), form.Command2->text(), form.Command6->text(),
+                          form.Command3->text(), form.Label1->text(), form.StatusBar1Panel1->text(),
+                          form.StatusBar1Panel2->text()}),
+             (QStringList{"在线导入开奖历史到主界面列表", "数据首页", "下一页", "导入当前页数据", "导入全部页数据",
+                          "欢迎使用澄川软件！", "澄川软件", "目前是第1页。"}));
     const sitepages::Draw newest = sitepages::drawsOf(1)[0];
     QTRY_VERIFY(form.PageView->toPlainText().contains(newest.issue));
     form.Command6->click();

@@ -56,8 +56,7 @@ QString pageHtml(int page)
 
 QByteArray gbk(const QString& text)
 {
-    QStringEncoder encoder("GBK");
-    return encoder.encode(text);
+    return QStringEncoder("GBK").encode(text);
 }
 
 LocalHttpServer::Handler site(int servedPages)
