@@ -41,7 +41,7 @@ int main(int argc, char* argv[])
             qFatal("read %d rows, added %d", read, history.count());
     }
 
-    const QByteArray page = sitepages::gbk(sitepages::pageHtml(1, 118));
+    const QByteArray page = sitepages::gbk(sitepages::pageHtml(1));
     const QUrl address(site.base() + QStringLiteral("/zhcw/inc/ssq/ssq_wqhg.jsp"));
     std::vector<double> pages;
     for (int run = 0; run < 200; ++run) {

@@ -8,7 +8,6 @@
 
 #include <QLabel>
 #include <QPushButton>
-#include <QSet>
 #include <QTextBrowser>
 #include <QtTest>
 
@@ -37,9 +36,9 @@ void FormSearchPicTest::pagesCommandsAndLinks()
     TestApp app;
     FormSearchPic* window = nullptr;
     QList<bool> command2Enabled; // when a page is asked for
-    LocalHttpServer server([&, site = sitepages::site(100)](const HttpRequest& request) {
+    LocalHttpServer server([&, site = sitepages::site(100)](const QByteArray& target) {
         command2Enabled.append(window && window->Command2->isEnabled());
-        return site(request);
+        return site(target);
     });
     app.context.DrawSiteBase = server.base();
     DrawHistory history;
@@ -66,7 +65,7 @@ void FormSearchPicTest::pagesCommandsAndLinks()
     QVERIFY(!completed.wait(300));
     emit form.PageView->anchorClicked(QUrl(QString::fromLatin1(pagePath + "3")));
     QVERIFY(completed.wait());
-    QCOMPARE(server.targets(), (QList<QByteArray>{"/zhcw/inc/ssq/ssq_wqhg.jsp", pagePath + "2", pagePath + "2",
+    QCOMPARE(server.targets, (QList<QByteArray>{"/zhcw/inc/ssq/ssq_wqhg.jsp", pagePath + "2", pagePath + "2",
                                                   pagePath + "3"}));
     QCOMPARE(command2Enabled, (QList<bool>{true, false, false, true}));
     QVERIFY(form.PageView->toPlainText().contains(sitepages::drawsOf(3)[0].issue));
@@ -94,19 +93,20 @@ void FormSearchPicTest::menuImportsEveryPageOnce()
     QFETCH(QString, historyRow);
     QFETCH(QString, firstBall);
 
-    // Page 3 never comes: the wait ends by the clock, and page 2, still showing, is read again.
-    LocalHttpServer server([site = sitepages::site(118)](const HttpRequest& request) {
-        return request.target.endsWith("pageNum=3") ? HttpAnswer::silence() : site(request);
-    });
+    // Page 3 never comes, and asking for it takes the clock over midnight: the wait ends at once, as a wait
+    // across midnight does, and page 2, still showing, is read again.
     StartedMainForm started({historyRow});
-    started.app.context.DrawSiteBase = server.base();
-    QTimer clockTick; // the program's clock goes on as the real one does
     QDateTime& now = started.app.clock.current;
-    connect(&clockTick, &QTimer::timeout, [&] { now = now.addMSecs(50); });
-    clockTick.start(50);
+    now.setTime(QTime(23, 59, 59, 900));
+    LocalHttpServer server([&, site = sitepages::site(118)](const QByteArray& target) {
+        if (!target.endsWith("pageNum=3"))
+            return site(target);
+        now = now.addSecs(1);
+        return HttpAnswer{.kind = HttpAnswer::Silence};
+    });
+    started.app.context.DrawSiteBase = server.base();
     bool command3Back = false;
     whenWindowShown<FormSearchPic>([&](FormSearchPic* form) {
-        form->import().pageWaitSeconds = 1.0;
         form->Command3->click();
         command3Back = form->Command3->isEnabled();
         form->close();
@@ -117,7 +117,7 @@ void FormSearchPicTest::menuImportsEveryPageOnce()
     const QStringList issues = issuesOf(started.form.history());
     QCOMPARE(QSet<QString>(issues.begin(), issues.end()).size(), 1 + 84 * 20); // every draw once, but page 3's
     QVERIFY(issues.contains(sitepages::drawsOf(85)[19].issue) && !issues.contains(sitepages::drawsOf(3)[0].issue));
-    const QList<QByteArray> asked = server.targets().mid(server.targets().indexOf(pagePath + "1"));
+    const QList<QByteArray> asked = server.targets.mid(server.targets.indexOf(pagePath + "1"));
     QVERIFY(asked.size() == 85 && asked.last() == pagePath + "85"); // pages 1 to 85, then no more
     QCOMPARE(started.form.StatusBar1Panel(3)->text(), QStringLiteral("彩票期数：1681"));
     QCOMPARE(started.form.history().subItem(1, 2), firstBall);

@@ -5,55 +5,71 @@
 // the requests it saw. An answer may also be silence (the connection stays
 // open and nothing comes) or a hang-up (the connection is dropped at once).
 
-#include <QByteArray>
-#include <QList>
-#include <QMap>
-#include <QObject>
-#include <QString>
 #include <QTcpServer>
+#include <QTcpSocket>
 
 #include <functional>
-
-class QTcpSocket;
-
-struct HttpRequest {
-    QByteArray method;
-    QByteArray target;                     // path and query, as sent
-    QMap<QByteArray, QByteArray> headers; // names in lower case
-};
 
 struct HttpAnswer {
     enum Kind { Answer, Silence, HangUp };
 
     int status = 200;
-    QMap<QByteArray, QByteArray> headers;
-    QByteArray body;
+    QByteArray body = {};
     Kind kind = Answer;
+    QByteArray headers = {}; // further header lines, each ended by "\r\n"
 
-    static HttpAnswer ok(const QByteArray& body) { return {200, {}, body}; }
-    static HttpAnswer withStatus(int status) { return {status, {}, "<html>" + QByteArray::number(status) + "</html>"}; }
-    static HttpAnswer silence() { return {0, {}, {}, Silence}; }
+    static HttpAnswer error(int status) { return {status, "<html>" + QByteArray::number(status) + "</html>"}; }
 };
 
-class LocalHttpServer : public QObject {
-    Q_OBJECT
-
+class LocalHttpServer : public QTcpServer {
 public:
-    using Handler = std::function<HttpAnswer(const HttpRequest&)>;
+    // Called with the target of each request: its path and query, as sent.
+    using Handler = std::function<HttpAnswer(const QByteArray& target)>;
 
-    explicit LocalHttpServer(Handler handler);
+    explicit LocalHttpServer(Handler handler) : m_handler(std::move(handler))
+    {
+        if (!listen(QHostAddress::LocalHost, 0))
+            qFatal("the local HTTP server can't listen");
+        connect(this, &QTcpServer::newConnection, this, [this] {
+            while (QTcpSocket* socket = nextPendingConnection())
+                connect(socket, &QTcpSocket::readyRead, this, [this, socket] { serve(socket); });
+        });
+    }
 
     // "http://127.0.0.1:PORT", no trailing slash.
-    QString base() const;
-    // An address where nothing listens: connections to it are refused.
-    static QString refusedBase();
+    QString base() const { return QStringLiteral("http://127.0.0.1:%1").arg(serverPort()); }
 
-    QList<HttpRequest> requests;
-    QList<QByteArray> targets() const;
+    // An address where nothing listens: a port free a moment ago, closed again as the probe goes.
+    static QString refusedBase()
+    {
+        QTcpServer probe;
+        probe.listen(QHostAddress::LocalHost, 0);
+        return QStringLiteral("http://127.0.0.1:%1").arg(probe.serverPort());
+    }
+
+    QList<QByteArray> heads;   // each request's line and header lines, as sent
+    QList<QByteArray> targets; // each request's target
 
 private:
-    void serve(QTcpSocket* socket);
+    void serve(QTcpSocket* socket)
+    {
+        // The head of the request is all that the clients here send.
+        const QByteArray head = socket->peek(socket->bytesAvailable());
+        if (!head.contains("\r\n\r\n"))
+            return;
+        socket->readAll();
+        heads.append(head);
+        targets.append(head.split(' ').value(1));
+        const HttpAnswer answer = m_handler(targets.last());
+        if (answer.kind == HttpAnswer::HangUp)
+            socket->abort();
+        if (answer.kind != HttpAnswer::Answer)
+            return; // a silent connection stays open until the server goes
+        socket->write("HTTP/1.1 " + QByteArray::number(answer.status) + " Status\r\n" + answer.headers
+                      + "Content-Length: " + QByteArray::number(answer.body.size()) + "\r\nConnection: close\r\n\r\n"
+                      + answer.body);
+        socket->disconnectFromHost();
+    }
 
-    QTcpServer m_server;
     Handler m_handler;
 };

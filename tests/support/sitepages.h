@@ -5,7 +5,7 @@
 // page has one table of class "wqhgt": two header rows, twenty draw rows of
 // seven cells (date, issue, the seven balls as <em> elements, sales, two prize
 // counts, a link) and a pager row. Even rows part the balls with whitespace,
-// odd rows run them together.
+// odd rows run them together. The site has 118 pages.
 
 #include "localhttpserver.h"
 
@@ -20,11 +20,11 @@ struct Draw {
 
 // The twenty draws of history page `page`, newest first.
 QList<Draw> drawsOf(int page);
-QString pageHtml(int page, int pageCount);
+QString pageHtml(int page);
 QByteArray gbk(const QString& text);
 
 // Serves the first page and "?pageNum=N" for N up to `servedPages`; 404 for
 // anything else.
-LocalHttpServer::Handler site(int servedPages, int pageCount = 118);
+LocalHttpServer::Handler site(int servedPages);
 
 } // namespace sitepages
