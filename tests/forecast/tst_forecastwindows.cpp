@@ -88,13 +88,11 @@ class ForecastWindowsTest : public QObject {
 private slots:
     void boxInsertsAtTheCaret_data();
     void boxInsertsAtTheCaret();
-    void refusalsLeaveTheBoxAndTheTextsAreKept_data();
-    void refusalsLeaveTheBoxAndTheTextsAreKept();
+    void runsAndRefusalsKeepTheTexts_data();
+    void runsAndRefusalsKeepTheTexts();
     void singleGroupsPileUpAtTheEndAndABatchReplaces();
     void highestCountRunsWithItsNoticeShownAndItsButtonBlocked();
     void resultButtonsWorkOnTheBox();
-    void betRuns_data();
-    void betRuns();
     void betFillsText3FromTheLatestDraws();
 };
 
@@ -126,14 +124,14 @@ void ForecastWindowsTest::boxInsertsAtTheCaret()
     QCOMPARE(box.SelStart(), caretAfter);
 }
 
-void ForecastWindowsTest::refusalsLeaveTheBoxAndTheTextsAreKept_data()
+void ForecastWindowsTest::runsAndRefusalsKeepTheTexts_data()
 {
     QTest::addColumn<QString>("kind");
     QTest::addColumn<int>("max"); // of ball 3, whose minimum is 2
     QTest::addColumn<QString>("numbers"); // Text3 and the bet count, where the window has them
     QTest::addColumn<QString>("betCount");
     QTest::addColumn<QString>("count");
-    QTest::addColumn<QString>("message");
+    QTest::addColumn<QString>("outcome"); // the message, or the hits of every line, or no line at all
     QTest::addColumn<QString>("rewritten"); // Text3 afterwards
     const QString overflow = runtimeFailureReport(RuntimeError(RuntimeError::Overflow));
     const QString badList = QStringLiteral("“红色球不允许出现的号码”设置不合理，或者1-6号球设置的范围不合理！");
@@ -154,21 +152,36 @@ void ForecastWindowsTest::refusalsLeaveTheBoxAndTheTextsAreKept_data()
     QTest::newRow("bet: a range needs its upper count") << bet << 33 << "02 08 26" << "2-4个" << "x" << badBet
                                                         << "02 08 26";
     QTest::newRow("bet: numbers enough, then the count") << bet << 33 << "5" << "1个" << "x" << notNumeric << "05";
+    QTest::newRow("bet: 34 stops") << bet << 33 << "05 34 06" << "1个" << "2" << "hits 1-1" << "05";
+    QTest::newRow("bet: 0 stops") << bet << 33 << "05 0 06" << "1个" << "2" << "hits 1-1" << "05";
+    QTest::newRow("bet: exact three, two digits each") << bet << 33 << "1 2 3" << "3个" << "50" << "hits 3-3"
+                                                       << "01 02 03";
+    QTest::newRow("bet: repeats count twice, decimals round")
+        << bet << 33 << " 02  02 2.6 " << "2个" << "20" << "hits 2-2" << "02 02 03";
+    QTest::newRow("bet: one to two, the blue no hit") << bet << 33 << "02 08 26" << "1-2个" << "500" << "hits 1-2"
+                                                      << "02 08 26";
+    // The group with 01 comes as the 2001st candidate, too late.
+    QTest::newRow("bet: 2000 attempts, one group")
+        << bet << 33 << "01" << "1个" << "1" << "无法预测，设置的条件不合理，请重新设置！" << "01";
+    QTest::newRow("bet: beyond the ranges, a batch") << bet << 33 << "33" << "1个" << "5" << "no line" << "33";
 }
 
-void ForecastWindowsTest::refusalsLeaveTheBoxAndTheTextsAreKept()
+void ForecastWindowsTest::runsAndRefusalsKeepTheTexts()
 {
     QFETCH(QString, kind);
     QFETCH(int, max);
     QFETCH(QString, numbers);
     QFETCH(QString, betCount);
     QFETCH(QString, count);
-    QFETCH(QString, message);
+    QFETCH(QString, outcome);
     QFETCH(QString, rewritten);
     Forecast w(kind);
     QVERIFY(QTest::qWaitForWindowActive(w.form.get()));
     w.app.context.ranges.min(3) = 2;
     w.app.context.ranges.max(3) = max;
+    w.app.context.ranges.max(6) = 32;
+    for (int attempt = 0; numbers == "01" && attempt <= 2000; ++attempt)
+        queueGroup(w.app.random, {attempt < 2000 ? 3 : 1, 9, 17, 20, 27, 30}, 5);
     if (w.text3())
         w.text3()->setText(numbers);
     if (w.betCount())
@@ -176,15 +189,26 @@ void ForecastWindowsTest::refusalsLeaveTheBoxAndTheTextsAreKept()
     w.form->Check1->setChecked(true);
     w.form->Check2->setChecked(true);
     w.form->RichTextBox1->setText(QStringLiteral("earlier\r\n"));
-    w.run(count);
-    QCOMPARE(w.app.messages.shown.size(), 1);
-    QCOMPARE(w.app.messages.shown[0].icon, MessageIcon::Critical);
-    QCOMPARE(w.app.messages.shown[0].text, message);
+    const QStringList lines = w.run(count);
     QCOMPARE(w.app.process.ended(), count == "99999999999");
-    if (message == notNumeric || message == outOfRange)
-        QTRY_VERIFY(w.form->Text2->hasFocus());
-    QCOMPARE(w.box(), QStringLiteral("earlier\r\n"));
+    QCOMPARE(w.app.random.queued.size(), size_t(numbers == "01" ? 14 : 0));
     QVERIFY(w.form->Command1->isEnabled());
+    if (outcome.startsWith(QStringLiteral("hits "))) {
+        QVERIFY(w.app.messages.shown.isEmpty() && !lines.isEmpty());
+        for (const QString& line : lines) {
+            const int found = hits(line, rewritten);
+            QVERIFY2(found >= outcome[5].digitValue() && found <= outcome[7].digitValue(), qPrintable(line));
+        }
+    } else if (outcome == "no line") {
+        QVERIFY(w.app.messages.shown.isEmpty() && lines.isEmpty());
+    } else {
+        QCOMPARE(w.app.messages.shown.size(), 1);
+        QCOMPARE(w.app.messages.shown[0].icon, MessageIcon::Critical);
+        QCOMPARE(w.app.messages.shown[0].text, outcome);
+        if (outcome == notNumeric || outcome == outOfRange)
+            QTRY_VERIFY(w.form->Text2->hasFocus());
+        QCOMPARE(w.box(), QStringLiteral("earlier\r\n"));
+    }
 
     // The texts, Text3 as the check rewrote it, come back at the next opening;
     // the ticks start empty.
@@ -276,53 +300,6 @@ void ForecastWindowsTest::resultButtonsWorkOnTheBox()
     QCOMPARE(file.readAll(), resultoutput::printDocument(joined));
     click(w.form->Command2);
     QCOMPARE(w.box(), QString());
-}
-
-void ForecastWindowsTest::betRuns_data()
-{
-    QTest::addColumn<QString>("count");
-    QTest::addColumn<QString>("numbers");
-    QTest::addColumn<QString>("groups");
-    QTest::addColumn<QString>("rewritten");
-    QTest::addColumn<QString>("outcome"); // the message, or the hits of every line, or no line at all
-    QTest::newRow("34 stops") << "1个" << "05 34 06" << "2" << "05" << "hits 1-1";
-    QTest::newRow("0 stops") << "1个" << "05 0 06" << "2" << "05" << "hits 1-1";
-    QTest::newRow("exact three, two digits each") << "3个" << "1 2 3" << "50" << "01 02 03" << "hits 3-3";
-    QTest::newRow("repeats count twice, decimals round") << "2个" << " 02  02 2.6 " << "20" << "02 02 03" << "hits 2-2";
-    QTest::newRow("one to two, the blue no hit") << "1-2个" << "02 08 26" << "500" << "02 08 26" << "hits 1-2";
-    // The group with 01 comes as the 2001st candidate, too late.
-    QTest::newRow("2000 attempts, one group") << "1个" << "01" << "1" << "01" << "无法预测，设置的条件不合理，请重新设置！";
-    QTest::newRow("beyond the ranges, a batch") << "1个" << "33" << "5" << "33" << "no line";
-}
-
-void ForecastWindowsTest::betRuns()
-{
-    QFETCH(QString, count);
-    QFETCH(QString, numbers);
-    QFETCH(QString, groups);
-    QFETCH(QString, rewritten);
-    QFETCH(QString, outcome);
-    Forecast w(QStringLiteral("ForecastBet"));
-    w.app.context.ranges.max(6) = 32;
-    for (int attempt = 0; numbers == "01" && attempt <= 2000; ++attempt)
-        queueGroup(w.app.random, {attempt < 2000 ? 3 : 1, 9, 17, 20, 27, 30}, 5);
-    w.form->RichTextBox1->setText(QStringLiteral("earlier\r\n"));
-    w.betCount()->setCurrentText(count);
-    w.text3()->setText(numbers);
-    w.form->Check1->setChecked(true);
-    const QStringList lines = w.run(groups);
-    QCOMPARE(w.text3()->text(), rewritten);
-    QCOMPARE(w.app.random.queued.size(), size_t(numbers == "01" ? 14 : 0));
-    if (!outcome.startsWith(QStringLiteral("hits "))) {
-        QCOMPARE(w.app.messages.shown.value(0).text, outcome == "no line" ? QString() : outcome);
-        QCOMPARE(lines, outcome == "no line" ? QStringList() : QStringList{"earlier"});
-        return;
-    }
-    QVERIFY(w.app.messages.shown.isEmpty() && !lines.isEmpty());
-    for (const QString& line : lines) {
-        const int found = hits(line, rewritten);
-        QVERIFY2(found >= outcome[5].digitValue() && found <= outcome[7].digitValue(), qPrintable(line));
-    }
 }
 
 void ForecastWindowsTest::betFillsText3FromTheLatestDraws()
