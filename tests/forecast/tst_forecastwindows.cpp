@@ -90,9 +90,8 @@ private slots:
     void boxInsertsAtTheCaret();
     void runsAndRefusalsKeepTheTexts_data();
     void runsAndRefusalsKeepTheTexts();
-    void singleGroupsPileUpAtTheEndAndABatchReplaces();
+    void runsFillTheBoxAndItsButtonsWorkOnIt();
     void highestCountRunsWithItsNoticeShownAndItsButtonBlocked();
-    void resultButtonsWorkOnTheBox();
     void betFillsText3FromTheLatestDraws();
 };
 
@@ -222,9 +221,10 @@ void ForecastWindowsTest::runsAndRefusalsKeepTheTexts()
         QCOMPARE(w.betCount()->currentText(), betCount);
 }
 
-void ForecastWindowsTest::singleGroupsPileUpAtTheEndAndABatchReplaces()
+void ForecastWindowsTest::runsFillTheBoxAndItsButtonsWorkOnIt()
 {
     Forecast w(QStringLiteral("ForecastNormal"), {"08 09 17 25 27 32 06 15"});
+    QVERIFY(QTest::qWaitForWindowActive(w.form.get()));
     w.form->Check1->setChecked(true);
     w.form->Check2->setChecked(true);
     // The first candidate repeats the past draw, blue and all; the second is new.
@@ -237,11 +237,34 @@ void ForecastWindowsTest::singleGroupsPileUpAtTheEndAndABatchReplaces()
     click(w.form->Command1);
     QCOMPARE(w.box(), a + "  06\r\n" + b + "  07\r\n");
 
+    // A batch replaces the box.
     w.form->Check1->setChecked(false);
     queueGroup(w.app.random, {1, 5, 9, 12, 20, 33});
     queueGroup(w.app.random, {3, 9, 17, 20, 27, 30});
-    w.run(QStringLiteral("2"));
-    QCOMPARE(w.box(), b + "\r\n" + a + "\r\n");
+    queueGroup(w.app.random, {1, 5, 9, 12, 20, 33});
+    w.run(QStringLiteral("3"));
+    QCOMPARE(w.box(), b + "\r\n" + a + "\r\n" + b + "\r\n");
+    click(w.form->Command5); // takes out repeats
+    QVERIFY(w.form->Command5->isEnabled());
+    QCOMPARE(w.box(), b + "\r\n" + a);
+    QCOMPARE(w.app.messages.shown.size(), 1);
+    // No break is left at the end, so a single group joins the last line.
+    queueGroup(w.app.random, {2, 9, 17, 25, 27, 32});
+    w.run(QStringLiteral("1"));
+    const QString joined = b + "\r\n" + a + "02 09 17 25 27 32\r\n";
+    QTest::keyClick(w.form->RichTextBox1, Qt::Key_Escape); // the window has no button that closes it
+    QVERIFY(w.form->isVisible());
+
+    click(w.form->Command3);
+    QCOMPARE(w.app.clipboard.contents, joined);
+    click(w.form->Command4);
+    const QString document = QDir(w.app.programFolder()).filePath(QStringLiteral("PrintTemp.doc"));
+    QCOMPARE(w.app.launcher.documents, QStringList{document});
+    QFile file(document);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QCOMPARE(file.readAll(), resultoutput::printDocument(joined));
+    click(w.form->Command2);
+    QCOMPARE(w.box(), QString());
 }
 
 void ForecastWindowsTest::highestCountRunsWithItsNoticeShownAndItsButtonBlocked()
@@ -272,34 +295,6 @@ void ForecastWindowsTest::highestCountRunsWithItsNoticeShownAndItsButtonBlocked(
         QVERIFY2(hits(line, QStringLiteral("08 26")) == 0, qPrintable(line));
     QVERIFY(!lines.filter(QRegularExpression(QStringLiteral("^(.. )*02 "))).isEmpty());
     QVERIFY(!lines.filter(QRegularExpression(QStringLiteral("  08$"))).isEmpty());
-}
-
-void ForecastWindowsTest::resultButtonsWorkOnTheBox()
-{
-    Forecast w;
-    QVERIFY(QTest::qWaitForWindowActive(w.form.get()));
-    w.form->RichTextBox1->setText(b + "\r\n" + a + "\r\n" + b + "\r\n");
-    click(w.form->Command5);
-    QVERIFY(w.form->Command5->isEnabled());
-    QCOMPARE(w.box(), b + "\r\n" + a);
-    QCOMPARE(w.app.messages.shown.size(), 1);
-    // No break is left at the end, so a single group joins the last line.
-    queueGroup(w.app.random, {8, 9, 17, 25, 27, 32});
-    click(w.form->Command1);
-    const QString joined = b + "\r\n" + a + "08 09 17 25 27 32\r\n";
-    QTest::keyClick(w.form->RichTextBox1, Qt::Key_Escape); // the window has no button that closes it
-    QVERIFY(w.form->isVisible());
-
-    click(w.form->Command3);
-    QCOMPARE(w.app.clipboard.contents, joined);
-    click(w.form->Command4);
-    const QString document = QDir(w.app.programFolder()).filePath(QStringLiteral("PrintTemp.doc"));
-    QCOMPARE(w.app.launcher.documents, QStringList{document});
-    QFile file(document);
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    QCOMPARE(file.readAll(), resultoutput::printDocument(joined));
-    click(w.form->Command2);
-    QCOMPARE(w.box(), QString());
 }
 
 void ForecastWindowsTest::betFillsText3FromTheLatestDraws()
