@@ -16,10 +16,7 @@ namespace forecasttest {
 
 inline BallRanges fullRanges()
 {
-    BallRanges ranges;
-    ranges.BallMin.fill(1);
-    ranges.BallMax.fill(33);
-    return ranges;
+    return {{1, 1, 1, 1, 1, 1}, {33, 33, 33, 33, 33, 33}};
 }
 
 // Rows with these number texts, issue numbers counting up from 2007001.

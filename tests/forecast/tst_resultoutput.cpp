@@ -5,7 +5,6 @@
 
 #include <QDir>
 #include <QFile>
-#include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QtTest>
 
@@ -53,7 +52,6 @@ void ResultOutputTest::copyAll_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<bool>("copied");
-    QTest::newRow("empty box") << "" << false;
     QTest::newRow("blanks and line breaks") << "  \r\n \r\n" << false;
     QTest::newRow("lines with their breaks") << lines({a, b, ""}) << true;
     QTest::newRow("blanks around stay") << "  08 09 17 25 27 32 " << true;
@@ -76,12 +74,10 @@ void ResultOutputTest::exportReplacesAnOlderDocumentAndOpensIt_data()
     QTest::addColumn<QByteArray>("body");
     QTest::addColumn<bool>("blocked"); // a folder stands where the document goes
     QTest::newRow("lines, then the added break")
-        << "08 09 17 25 27 32\r\n01 05 09 12 20 33  06"
-        << QByteArray("08 09 17 25 27 32\\par\r\n01 05 09 12 20 33  06\\par\r\n") << false;
+        << a + "\r\n" + b << (a + "\\par\r\n" + b + "\\par\r\n").toLatin1() << false;
     QTest::newRow("an empty box still makes a document") << "" << QByteArray("\\par\r\n") << false;
-    QTest::newRow("characters of the format are escaped") << "a\\b{c}" << QByteArray("a\\\\b\\{c\\}\\par\r\n") << false;
-    QTest::newRow("Chinese as signed Unicode codes")
-        << "号码预" << QByteArray("\\u21495?\\u30721?\\u-26492?\\par\r\n") << false;
+    QTest::newRow("characters of the format escaped, Chinese as signed Unicode codes")
+        << "a\\b{c}号码预" << QByteArray("a\\\\b\\{c\\}\\u21495?\\u30721?\\u-26492?\\par\r\n") << false;
     QTest::newRow("a folder in the way: opened from a file of its own") << "08" << QByteArray("08\\par\r\n") << true;
 }
 
@@ -108,11 +104,9 @@ void ResultOutputTest::exportReplacesAnOlderDocumentAndOpensIt()
     const QByteArray document = file.readAll();
     if (blocked)
         file.remove();
-    QVERIFY(document.startsWith("{\\rtf1"));
-    QVERIFY(document.contains("{\\fonttbl{\\f0\\fswiss\\fcharset0 Arial;}}"));
-    QVERIFY2(!QString::fromLatin1(document).contains(QRegularExpression(QStringLiteral("\\\\fs-?\\d"))),
-             "no size is set");
-    QVERIFY(document.endsWith("\\f0 " + body + "}\r\n"));
+    // Arial of the reader's own size: no size is set.
+    QCOMPARE(document, QByteArray("{\\rtf1\\ansi\\ansicpg936\\deff0\\uc1{\\fonttbl{\\f0\\fswiss\\fcharset0 Arial;}}")
+                           + "\r\n\\pard\\plain\\f0 " + body + "}\r\n");
 }
 
 void ResultOutputTest::filterDuplicateLines_data()
@@ -121,7 +115,6 @@ void ResultOutputTest::filterDuplicateLines_data()
     QTest::addColumn<QString>("result");
     QTest::addColumn<QString>("message");
     const QString c = QStringLiteral("03 09 17 20 27 30");
-    QTest::newRow("ten identical lines") << QString(a + "\r\n").repeated(10) << a << report(10, 1);
     QTest::newRow("no repeats come back sorted") << lines({a, b, c}) + "\r\n" << lines({b, c, a}) << report(3, 3);
     QTest::newRow("a blank line counts before and is gone after") << lines({a, "", b, a}) << lines({b, a})
                                                                    << report(4, 2);
