@@ -132,25 +132,29 @@ void InfoWindowsTest::useage()
 void InfoWindowsTest::dotNetWindows_data()
 {
     QTest::addColumn<bool>("rights"); // the window of 软件权限设置方法, else of 微软组件安装
-    QTest::newRow("Net35") << false;
-    QTest::newRow("Net352") << true;
+    QTest::addColumn<QString>("title"); // built from the program's name
+    QTest::newRow("Net35") << false << "缺少微软组件-澄川号码分析台";
+    QTest::newRow("Net352") << true << "软件运行权限不足，或者缺少微软组件-澄川号码分析台";
 }
 
 void InfoWindowsTest::dotNetWindows()
 {
     QFETCH(bool, rights);
+    QFETCH(QString, title);
     StartedMainForm started;
     started.app.context.OsDescription = QStringLiteral("Debian GNU/Linux 12 (bookworm)[64位]");
     QStringList shown;
     whenModalShown([&](QWidget* window) {
-        shown << window->metaObject()->className() << window->findChild<QLabel*>(QStringLiteral("Label4"))->text();
+        shown << window->metaObject()->className() << window->windowTitle()
+              << window->findChild<QLabel*>(QStringLiteral("Label4"))->text();
         checkNothingIsCut(*window);
         QTest::keyClick(window, Qt::Key_Escape); // nothing closes it
         QVERIFY(window->isVisible());
         QTest::mouseClick(window->findChild<QPushButton*>(QStringLiteral("Command3")), Qt::LeftButton);
     });
     (rights ? started.form.menu软件权限设置方法 : started.form.menu微软组件安装)->trigger();
-    QCOMPARE(shown, (QStringList{rights ? "Net352" : "Net35", "您的操作系统是：Debian GNU/Linux 12 (bookworm)[64位]"}));
+    QCOMPARE(shown, (QStringList{rights ? "Net352" : "Net35", title,
+                                 "您的操作系统是：Debian GNU/Linux 12 (bookworm)[64位]"}));
     QCOMPARE(started.app.launcher.addresses,
              QStringList{QStringLiteral("https://www.microsoft.com/zh-CN/download/details.aspx?id=21")});
 }
