@@ -45,16 +45,13 @@ std::pair<QString, QString> randomLists(quint32 seed, const QStringList& alphabe
                        : kind == 1 ? piece(left, 8)
                        : kind == 2 ? pick(kept)
                                    : pick(alphabet) + QLatin1Char(' ') + pick(alphabet);
-        for (QChar& c : line) {
+        for (QChar& c : line)
             if (random.bounded(3) == 0)
                 c = c.isUpper() ? c.toLower() : c.toUpper();
-        }
-        if (random.bounded(20) == 0) {
+        if (random.bounded(20) == 0)
             line.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
-        } else {
-            line.remove(QLatin1Char('\r'));
-            line.remove(QLatin1Char('\n'));
-        }
+        else
+            line.removeIf([](QChar c) { return c == u'\r' || c == u'\n'; });
         if (seed % 2 == 0)
             line.removeIf([](QChar c) { return c.isSurrogate(); });
         if (random.bounded(6) == 0)
@@ -88,10 +85,7 @@ void GroupFilterTest::designedCases_data()
     QTest::addColumn<QString>("takenOut");
     QTest::addColumn<QString>("result");
     const QString six = QStringLiteral("01 02 03 04 05 06");
-    const QString seven = QStringLiteral("01 02 03 04 05 06 07");
-    QTest::newRow("a line taken out whole") << six << six << QString();
-    QTest::newRow("six reds out of a seven-number line leave the blue") << seven << six << lines({"07", ""});
-    QTest::newRow("seven numbers don't match inside six") << six << seven << lines({six, ""});
+    QTest::newRow("six reds out of a seven-number line leave the blue") << six + " 07" << six << lines({"07", ""});
     QTest::newRow("nothing to take out: lines trimmed, blank ones gone")
         << lines({"  08 09 17 25 27 32 ", "", "   ", six, ""}) << QString() << lines({"08 09 17 25 27 32", six, ""});
     QTest::newRow("letters regardless of case") << lines({"AB", "xaBy", "cd"}) << "ab" << lines({"xy", "cd", ""});
@@ -120,14 +114,12 @@ void GroupFilterTest::agreesWithTheSequentialWay_data()
     QTest::addColumn<bool>("lineBreaksInKept");
     QTest::addColumn<quint32>("firstSeed");
     QTest::newRow("two-digit numbers") << QStringList{"01", "02", "03", "10", "11", "12", "20", "21"} << false << 1u;
-    QTest::newRow("short numbers, line ends in the first list") << QStringList{"1", "2", "11", "12", "21"} << true
-                                                                << 10001u;
+    QTest::newRow("short numbers, line ends") << QStringList{"1", "2", "11", "12", "21"} << true << 10001u;
     QTest::newRow("letters in mixed case") << QStringList{"a", "B", "ab", "Ab", "BA", "aB"} << false << 20001u;
     QTest::newRow("characters that fold in odd ways")
         << QStringList{"s", "S", "\u00DF", "\u1E9E", "k", "\u212A", "\u03C3", "\u03A3", "\u03C2", "\u0130", "i"}
         << true << 30001u;
-    QTest::newRow("surrogate pairs") << QStringList{"\U0001F600", "\U00010400", "\U00010428", "x", "X"} << false
-                                     << 40001u;
+    QTest::newRow("surrogates") << QStringList{"\U0001F600", "\U00010400", "\U00010428", "x", "X"} << false << 40001u;
 }
 
 void GroupFilterTest::agreesWithTheSequentialWay()
@@ -157,16 +149,12 @@ void GroupFilterTest::eventsRunEveryHundredLinesOfBothLists()
     QFETCH(int, keptLines);
     QFETCH(int, outLines);
     QFETCH(int, yields);
-    QStringList kept;
-    for (int i = 0; i < keptLines; ++i)
-        kept.append(QString::asprintf("%02d 33", i % 33));
-    QStringList takenOut(outLines, QString());
-    if (outLines > 0)
-        takenOut[0] = QStringLiteral("01 33");
+    const QString kept = lines(QStringList(keptLines, QStringLiteral("01 33")));
+    const QString takenOut = QStringLiteral("01 33") + QStringLiteral("\r\n").repeated(outLines - 1);
     int sequentialYields = 0;
     int yieldsNow = 0;
-    filterGroupsSequentially(lines(kept), lines(takenOut), [&] { ++sequentialYields; });
-    filterGroups(lines(kept), lines(takenOut), [&] { ++yieldsNow; });
+    filterGroupsSequentially(kept, takenOut, [&] { ++sequentialYields; });
+    filterGroups(kept, takenOut, [&] { ++yieldsNow; });
     QCOMPARE(sequentialYields, yields);
     QCOMPARE(yieldsNow, yields);
 }
