@@ -4,7 +4,6 @@
 #include "app/net35.h"
 #include "app/net352.h"
 #include "testapp.h"
-#include "windowkit/programstyle.h"
 
 #include <QAction>
 #include <QFile>
@@ -168,12 +167,6 @@ void InfoWindowsTest::rightsWindowNamesTheExecutable()
     QCOMPARE(window.Picture1->pixmap().size(), QSize(377, 480));
 }
 
-int main(int argc, char* argv[])
-{
-    QApplication application(argc, argv);
-    programstyle::applyTo(application);
-    InfoWindowsTest test;
-    return QTest::qExec(&test, argc, argv);
-}
+WINDOW_TEST_MAIN(InfoWindowsTest)
 
 #include "tst_infowindows.moc"

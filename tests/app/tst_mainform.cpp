@@ -2,8 +2,6 @@
 #include "app/mainform.h"
 #include "testapp.h"
 #include "windowkit/desktopservices.h"
-#include "windowkit/programstyle.h"
-#include "windowkit/toolkitchinese.h"
 
 #include <QAction>
 #include <QLineEdit>
@@ -324,13 +322,6 @@ void MainFormTest::menuEntries()
                           "http://127.0.0.1:9/maker/customware.htm", mail}));
 }
 
-int main(int argc, char* argv[])
-{
-    QApplication application(argc, argv);
-    programstyle::applyTo(application);
-    toolkitchinese::load(application);
-    MainFormTest test;
-    return QTest::qExec(&test, argc, argv);
-}
+WINDOW_TEST_MAIN(MainFormTest)
 
 #include "tst_mainform.moc"

@@ -3,7 +3,6 @@
 #include "forecast/richtextbox.h"
 #include "forecasthelpers.h"
 #include "testapp.h"
-#include "windowkit/programstyle.h"
 
 #include <QFile>
 #include <QLabel>
@@ -178,12 +177,6 @@ void FilterWindowsTest::menuEntriesOpenTheWindowsModally()
     QCOMPARE(opened, (QStringList{"除3余数过滤08 09 17 25 27 321", "号码组过滤1"}));
 }
 
-int main(int argc, char* argv[])
-{
-    QApplication application(argc, argv);
-    programstyle::applyTo(application);
-    FilterWindowsTest test;
-    return QTest::qExec(&test, argc, argv);
-}
+WINDOW_TEST_MAIN(FilterWindowsTest)
 
 #include "tst_filterwindows.moc"

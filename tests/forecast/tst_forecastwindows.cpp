@@ -311,6 +311,6 @@ void ForecastWindowsTest::betFillsText3FromTheLatestDraws()
     QCOMPARE(w.app.process.exitCodes, QList<int>{1});
 }
 
-QTEST_MAIN(ForecastWindowsTest)
+WINDOW_TEST_MAIN(ForecastWindowsTest)
 
 #include "tst_forecastwindows.moc"

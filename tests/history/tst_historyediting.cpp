@@ -3,7 +3,6 @@
 #include "history/forminput.h"
 #include "historyrows.h"
 #include "testapp.h"
-#include "windowkit/programstyle.h"
 
 #include <QAction>
 #include <QLabel>
@@ -235,12 +234,6 @@ void HistoryEditingTest::importOfASevenNumberLineEndsTheProgramUnsaved()
     verifyEndedUnsaved(s);
 }
 
-int main(int argc, char* argv[])
-{
-    QApplication application(argc, argv);
-    programstyle::applyTo(application);
-    HistoryEditingTest test;
-    return QTest::qExec(&test, argc, argv);
-}
+WINDOW_TEST_MAIN(HistoryEditingTest)
 
 #include "tst_historyediting.moc"

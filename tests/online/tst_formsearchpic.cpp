@@ -123,5 +123,5 @@ void FormSearchPicTest::menuImportsEveryPageOnce()
     QCOMPARE(started.form.history().subItem(1, 2), firstBall);
 }
 
-QTEST_MAIN(FormSearchPicTest)
+WINDOW_TEST_MAIN(FormSearchPicTest)
 #include "tst_formsearchpic.moc"

@@ -3,7 +3,6 @@
 #include "settings/optionform.h"
 #include "statistics/formchart.h"
 #include "testapp.h"
-#include "windowkit/programstyle.h"
 
 #include <QComboBox>
 #include <QLabel>
@@ -85,12 +84,6 @@ void RangeWindowsTest::optionFormShowsTheChosenBallAndSetsItThroughTheChart()
     QCOMPARE(issuesAfter, (QStringList{"2010002 2010001 2010003", "2010003 2010002 2010001"}));
 }
 
-int main(int argc, char* argv[])
-{
-    QApplication application(argc, argv);
-    programstyle::applyTo(application);
-    RangeWindowsTest test;
-    return QTest::qExec(&test, argc, argv);
-}
+WINDOW_TEST_MAIN(RangeWindowsTest)
 
 #include "tst_rangewindows.moc"

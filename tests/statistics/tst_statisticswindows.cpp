@@ -2,7 +2,6 @@
 #include "statistics/formchart.h"
 #include "statistics/qiuhaonoshow.h"
 #include "testapp.h"
-#include "windowkit/programstyle.h"
 
 #include <QAction>
 #include <QBarCategoryAxis>
@@ -247,12 +246,6 @@ void StatisticsWindowsTest::undrawnRedsOfTheNewestDraws()
     QCOMPARE(issuesOf(history).first(), QStringLiteral("2007100"));
 }
 
-int main(int argc, char* argv[])
-{
-    QApplication application(argc, argv);
-    programstyle::applyTo(application);
-    StatisticsWindowsTest test;
-    return QTest::qExec(&test, argc, argv);
-}
+WINDOW_TEST_MAIN(StatisticsWindowsTest)
 
 #include "tst_statisticswindows.moc"

@@ -2,11 +2,14 @@
 
 #include "history/historyfile.h"
 #include "platform/appinfo.h"
+#include "windowkit/programstyle.h"
+#include "windowkit/toolkitchinese.h"
 
 #include <QApplication>
 #include <QDir>
 #include <QFile>
 #include <QTimer>
+#include <QtTest>
 #include <QWidget>
 
 namespace {
@@ -87,4 +90,12 @@ QStringList issuesOf(const DrawHistory& history)
     for (int row = 0; row < history.count(); ++row)
         issues.append(history.text(row));
     return issues;
+}
+
+int runWindowTest(QObject& test, int argc, char* argv[])
+{
+    QApplication application(argc, argv);
+    programstyle::applyTo(application);
+    toolkitchinese::load(application);
+    return QTest::qExec(&test, argc, argv);
 }

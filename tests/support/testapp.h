@@ -102,3 +102,14 @@ inline void whenModalShown(std::function<void(QWidget*)> action)
 {
     whenWindowShown<QWidget>(std::move(action));
 }
+
+// Runs a window test in an application dressed as the program's own: its
+// style and the toolkit's Chinese texts.
+int runWindowTest(QObject& test, int argc, char* argv[]);
+
+#define WINDOW_TEST_MAIN(TestClass)                                                                                    \
+    int main(int argc, char* argv[])                                                                                   \
+    {                                                                                                                  \
+        TestClass test;                                                                                                \
+        return runWindowTest(test, argc, argv);                                                                        \
+    }
