@@ -42,10 +42,7 @@ void TextRulesTest::trimAndFormat00_data()
     QTest::newRow("one digit") << false << "7" << "07";
     QTest::newRow("three digits") << false << "100" << "100";
     QTest::newRow("half away from zero") << false << "3.5" << "04";
-    QTest::newRow("half of eight") << false << "8.5" << "09";
     QTest::newRow("half of two, not to even") << false << "2.5" << "03";
-    QTest::newRow("decimal") << false << "2.6" << "03";
-    QTest::newRow("negative") << false << "-3" << "-03";
     QTest::newRow("negative half") << false << "-2.5" << "-03";
     QTest::newRow("blanks around a number") << false << " 5 " << "05";
     QTest::newRow("not numeric stays") << false << "ab" << "ab";
@@ -105,7 +102,6 @@ void TextRulesTest::numbers_data()
     QTest::newRow("exponent") << "1e3" << Number(1000) << Whole(1000);
     QTest::newRow("signed exponent") << "25E-1" << Number(2.5) << Whole(2);
     QTest::newRow("long digit string") << "0809172527320615" << Number(809172527320615.0) << fails;
-    QTest::newRow("nine digits") << " 999999999 " << Number(999999999.0) << Whole(999999999);
     QTest::newRow("ten digits") << "9999999999" << Number(9999999999.0) << fails;
     QTest::newRow("largest") << "2147483647" << Number(2147483647.0) << Whole(2147483647);
     QTest::newRow("smallest") << "-2147483648" << Number(-2147483648.0) << Whole(-2147483647 - 1);
@@ -113,7 +109,6 @@ void TextRulesTest::numbers_data()
     QTest::newRow("overflow by rounding") << "2147483647.5" << Number(2147483647.5) << fails;
     QTest::newRow("nine digits and a letter") << "12345678a" << none << fails;
     QTest::newRow("empty") << "" << none << fails;
-    QTest::newRow("digit and letter") << "1a" << none << fails;
     QTest::newRow("inner blank") << "08 09" << none << fails;
     QTest::newRow("tab before") << "\t1" << none << fails;
     QTest::newRow("comma first") << ",5" << none << fails;
