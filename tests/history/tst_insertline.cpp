@@ -41,7 +41,6 @@ void InsertLineTest::oneLine_data()
     QTest::newRow("no blue: seven tokens dropped") << "2007024 08 09 17 25 27 32" << "";
     QTest::newRow("ten tokens dropped") << "2007024 08 09 17 25 27 32 06 15 16" << "";
     QTest::newRow("tabs part nothing") << "2007024\t08\t09\t17\t25\t27\t32\t06\t15" << "";
-    QTest::newRow("empty line") << "" << "";
     QTest::newRow("blank line") << "     " << "";
     QTest::newRow("the issue is not checked") << "abc 08 09 17 25 27 32 06 15" << "abc | 08 09 17 25 27 32 06 15";
 }
@@ -56,7 +55,7 @@ void InsertLineTest::oneLine()
     QVERIFY(!line.contains(QLatin1Char(','))); // in the caller's text as well
     if (!row.isEmpty()) {
         QCOMPARE(history.key(0), QStringLiteral("A") + history.text(0));
-        QCOMPARE(history.subItem(0, 2), QString());
+        QCOMPARE(history.subItem(0, 2), QString()); // the third field starts empty
     }
 }
 
@@ -68,16 +67,13 @@ void InsertLineTest::linesEndAtCrLfOnly_data()
     QTest::newRow("CR LF lines, newest first, stay in that order")
         << "2007026 01 02 03 04 05 06 07\r\n2007025 01 02 03 04 05 06 07\r\n2007024 01 02 03 04 05 06 07\r\n"
         << QStringList{row("2007026"), row("2007025"), row("2007024")};
-    QTest::newRow("a lone LF ends no line") << "2007024 01 02 03 04 05 06 07\n2007025 01 02 03 04 05 06 07"
-                                            << QStringList{};
-    QTest::newRow("a lone CR ends no line") << "2007024 01 02 03 04 05 06 07\r2007025 01 02 03 04 05 06 07"
-                                            << QStringList{};
+    QTest::newRow("a lone LF or CR ends no line")
+        << "2007024 01 02 03 04 05 06 07\n2007025 01 02 03 04 05 06 07\r2007026 01 02 03 04 05 06 07" << QStringList{};
     QTest::newRow("blank lines between") << "\r\n  \r\n2007024 01 02 03 04 05 06 07\r\n\r\n"
                                          << QStringList{row("2007024")};
     QTest::newRow("an issue already there is never updated")
         << "2007024 01 02 03 04 05 06 07\r\n2007025 01 02 03 04 05 06 07\r\n2007024 11 12 13 14 15 16 08 09"
         << QStringList{row("2007024"), row("2007025")};
-    QTest::newRow("empty text") << "" << QStringList{};
 }
 
 void InsertLineTest::linesEndAtCrLfOnly()
@@ -100,7 +96,6 @@ void InsertLineTest::typedDrawCheck_data()
     QTest::newRow("good") << "2007024" << "08 09 17 25 27 32 06 15" << complete;
     QTest::newRow("blank issue") << "   " << "08 09" << incomplete;
     QTest::newRow("blank numbers") << "2007024" << "  " << incomplete;
-    QTest::newRow("empty numbers") << "2007024" << "" << incomplete;
     QTest::newRow("letters in numbers") << "2007024" << "08 09 ab" << notNumeric;
     QTest::newRow("letters in issue") << "2007a" << "08 09" << notNumeric;
     QTest::newRow("grouping comma passes as an issue") << "1,000" << "08" << complete;
@@ -120,8 +115,7 @@ void InsertLineTest::typedGroupText_data()
 {
     QTest::addColumn<QString>("numbers");
     QTest::addColumn<QString>("group");
-    QTest::newRow("reds sorted, blues in place") << "08 32 17 25 27 09 06 15" << "08 09 17 25 27 32 06 15";
-    QTest::newRow("one digit") << "8 9 17 25 27 32 6 15" << "08 09 17 25 27 32 06 15";
+    QTest::newRow("reds sorted, blues in place") << "8 32 17 25 27 09 6 15" << "08 09 17 25 27 32 06 15";
     QTest::newRow("nine numbers stay nine") << "8 9 17 25 27 32 6 15 3" << "08 09 17 25 27 32 06 15 03";
     QTest::newRow("seven numbers stay seven") << "8 9 17 25 27 32 6" << "08 09 17 25 27 32 06";
     QTest::newRow("two blanks give a 00 among the reds") << "08  09 17 25 27 32 06 15"
