@@ -232,6 +232,8 @@ void MainForm::buildMenus()
     dsg43543 = addSeparator(menu预测与过滤, "dsg43543");
     menu号码组过滤 = addEntry(menu预测与过滤, QStringLiteral("号码组过滤"), &MainForm::menu号码组过滤_Click);
 
+    menu分析 = bar->addMenu(QStringLiteral("分析(&A)"));
+
     menu帮助 = bar->addMenu(QStringLiteral("帮助(&H)"));
     menu关于 = addEntry(menu帮助, QStringLiteral("关于"), &MainForm::menu关于_Click);
     menu软件使用方法 = addEntry(menu帮助, QStringLiteral("软件使用方法"), &MainForm::menu软件使用方法_Click);

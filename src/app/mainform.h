@@ -136,6 +136,9 @@ public:
     QAction* menu除3余数预测;
     QAction* dsg43543;
     QAction* menu号码组过滤;
+    // The player's analyses that go beyond the statistics: each entry opens
+    // its window modally, like every other window.
+    QMenu* menu分析;
     QMenu* menu帮助;
     QAction* menu关于;
     QAction* menu软件使用方法;

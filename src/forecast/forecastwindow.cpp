@@ -97,8 +97,18 @@ void ForecastWindow::layoutCommon(int top)
         side->setGeometry(sideLeft, sideTop, sideButtonWidth, buttonHeight + 4);
         sideTop += buttonHeight + 4 + 12;
     }
+    m_nextSideTop = sideTop;
 
     setFixedSize(childrenRect().right() + 1 + margin, boxTop + boxHeight + margin);
+}
+
+QPushButton* ForecastWindow::addSideButton(const char* name, const QString& caption)
+{
+    QPushButton* side = controls::button(this, name, caption);
+    side->setAutoDefault(false);
+    side->setGeometry(Command5->x(), m_nextSideTop, sideButtonWidth, buttonHeight + 4);
+    m_nextSideTop += buttonHeight + 4 + 12;
+    return side;
 }
 
 QLineEdit* ForecastWindow::makeText3()

@@ -71,6 +71,10 @@ protected:
     // around all of its controls.
     void layoutCommon(int top);
 
+    // A button of the window's own below the four result buttons, in the room
+    // that the result box leaves beside them; call after layoutCommon.
+    QPushButton* addSideButton(const char* name, const QString& caption);
+
     // The box of a window's own numbers: it takes at most 70 characters,
     // also when the program sets its text, which cuts off the excess.
     QLineEdit* makeText3();
@@ -84,4 +88,6 @@ protected:
 
 private:
     void connectCommon();
+
+    int m_nextSideTop = 0; // where the next button of the side column goes
 };
