@@ -4,6 +4,7 @@
 
 #include <array>
 #include <bit>
+#include <numeric>
 
 namespace prize {
 
@@ -76,33 +77,24 @@ bool isSingleRedChoice(const Bet& bet)
     return bet.bankerCount == 0 && bet.otherCount == 6 && bet.blueCount == 1;
 }
 
-// A single or reds-only bet against many draws, the common case of long
-// lists: the reds and the blue of bet and draw in one word each, so that one
-// AND and one bit count give reds matched and blue matched.
-constexpr int blueShift = 40;
+// The reds of every draw, grouped by the draw's blue: a single or reds-only
+// bet, the common case of long lists, meets the draws of its own blue, where
+// any count of reds matched may win, and the draws of the other blues, where
+// only four reds or more do.
+constexpr int fewestRedsWinningWithoutBlue = 4;
 
-quint64 packed(const Draw& draw)
+struct DrawsByBlue {
+    std::array<std::vector<RedMask>, 17> reds; // by blue, 1 to 16
+    qint64 count = 0;
+};
+
+DrawsByBlue groupedByBlue(const std::vector<IssuedDraw>& draws)
 {
-    return draw.reds | (quint64(1) << (blueShift + draw.blue));
-}
-
-// Index of a packed match: the reds matched, plus 8 with the blue (its own
-// bit counts 1 of those).
-inline int matchIndex(quint64 match)
-{
-    return std::popcount(match) + ((match >> blueShift) != 0 ? 7 : 0);
-}
-
-constexpr int matchIndices = 16;
-
-std::array<int, matchIndices> tierByMatchIndex()
-{
-    std::array<int, matchIndices> tiers{};
-    for (int reds = 0; reds <= 6; ++reds) {
-        tiers[size_t(reds)] = tierOf(reds, false);
-        tiers[size_t(reds + 8)] = tierOf(reds, true);
-    }
-    return tiers;
+    DrawsByBlue grouped;
+    for (const IssuedDraw& each : draws)
+        grouped.reds[size_t(each.draw.blue)].push_back(each.draw.reds);
+    grouped.count = qint64(draws.size());
+    return grouped;
 }
 
 // The bit count is one instruction on all but the oldest processors; the
@@ -113,27 +105,30 @@ std::array<int, matchIndices> tierByMatchIndex()
 #define PRIZE_BIT_COUNT_CLONES
 #endif
 
-// Bets by tier over all draws, for one single bet.
-PRIZE_BIT_COUNT_CLONES TierCounts singleAgainstAll(const Bet& bet, const std::vector<quint64>& draws)
+// Bets by tier over all draws, for one single or reds-only bet.
+PRIZE_BIT_COUNT_CLONES TierCounts singleAgainstAll(const Bet& bet, const DrawsByBlue& draws)
 {
-    static const std::array<int, matchIndices> tiers = tierByMatchIndex();
-    const quint64 betWord = bet.others | (quint64(bet.blues) << blueShift);
-    // Four histograms in turn, so that counting one draw need not wait for
-    // the count of the draw before.
-    std::array<std::array<quint32, matchIndices>, 4> seen{};
-    const size_t n = draws.size();
-    size_t i = 0;
-    for (; i + 4 <= n; i += 4) {
-        ++seen[0][size_t(matchIndex(betWord & draws[i]))];
-        ++seen[1][size_t(matchIndex(betWord & draws[i + 1]))];
-        ++seen[2][size_t(matchIndex(betWord & draws[i + 2]))];
-        ++seen[3][size_t(matchIndex(betWord & draws[i + 3]))];
+    std::array<qint64, 7> withBlue{}; // by reds matched
+    std::array<qint64, 7> withoutBlue{};
+    for (int blue = 1; blue <= 16; ++blue) {
+        if ((bet.blues >> blue) & 1u) {
+            for (const RedMask reds : draws.reds[size_t(blue)])
+                ++withBlue[size_t(std::popcount(bet.others & reds))];
+        } else {
+            for (const RedMask reds : draws.reds[size_t(blue)]) {
+                const int matched = std::popcount(bet.others & reds);
+                if (matched >= fewestRedsWinningWithoutBlue)
+                    ++withoutBlue[size_t(matched)];
+            }
+        }
     }
-    for (; i < n; ++i)
-        ++seen[0][size_t(matchIndex(betWord & draws[i]))];
     TierCounts counts{};
-    for (size_t index = 0; index < matchIndices; ++index)
-        counts[size_t(tiers[index])] += seen[0][index] + seen[1][index] + seen[2][index] + seen[3][index];
+    for (int reds = 0; reds <= 6; ++reds) {
+        counts[size_t(tierOf(reds, true))] += withBlue[size_t(reds)];
+        counts[size_t(tierOf(reds, false))] += withoutBlue[size_t(reds)];
+    }
+    // One bet wins at most one tier in a draw: the draws left won nothing.
+    counts[0] = draws.count - std::accumulate(counts.begin() + 1, counts.end(), qint64(0));
     return counts;
 }
 
@@ -208,13 +203,10 @@ QString drawReport(const std::vector<BetLine>& lines, const Draw& draw, const Le
 QString historyReport(const std::vector<BetLine>& lines, const std::vector<IssuedDraw>& draws,
                       const LetEventsRun& letEventsRun)
 {
-    std::vector<quint64> packedDraws;
-    packedDraws.reserve(draws.size());
-    for (const IssuedDraw& each : draws)
-        packedDraws.push_back(packed(each.draw));
+    const DrawsByBlue byBlue = groupedByBlue(draws);
 
     QString text;
-    text.reserve(qsizetype(lines.size()) * 24 + 200);
+    text.reserve(qsizetype(lines.size()) * 32 + 200);
     Totals totals;
     EventPacer pacer(letEventsRun);
     const qint64 drawCount = qint64(draws.size());
@@ -229,8 +221,7 @@ QString historyReport(const std::vector<BetLine>& lines, const std::vector<Issue
         int best = 0;
         qint64 wonDraws = 0;
         if (isSingleRedChoice(bet)) {
-            // One bet wins at most one tier in a draw.
-            const TierCounts counts = singleAgainstAll(bet, packedDraws);
+            const TierCounts counts = singleAgainstAll(bet, byBlue);
             add(totals.tiers, counts);
             best = bestTier(counts);
             wonDraws = drawCount - counts[0];
