@@ -17,6 +17,7 @@
 #include "online/formsearchpic.h"
 #include "platform/appinfo.h"
 #include "platform/textrules.h"
+#include "prize/prizecheckwindow.h"
 #include "settings/ballranges.h"
 #include "settings/form6qiu.h"
 #include "settings/optionform.h"
@@ -233,6 +234,7 @@ void MainForm::buildMenus()
     menu号码组过滤 = addEntry(menu预测与过滤, QStringLiteral("号码组过滤"), &MainForm::menu号码组过滤_Click);
 
     menu分析 = bar->addMenu(QStringLiteral("分析(&A)"));
+    menu中奖查询 = addEntry(menu分析, QStringLiteral("中奖查询"), &MainForm::menu中奖查询_Click);
 
     menu帮助 = bar->addMenu(QStringLiteral("帮助(&H)"));
     menu关于 = addEntry(menu帮助, QStringLiteral("关于"), &MainForm::menu关于_Click);
@@ -518,7 +520,13 @@ void MainForm::menu除3余数预测_Click()
 
 void MainForm::menu号码组过滤_Click()
 {
-    BatFilter window(m_context, this);
+    BatFilter window(m_context, m_history, this);
+    window.exec();
+}
+
+void MainForm::menu中奖查询_Click()
+{
+    PrizeCheckWindow window(m_context, m_history, QString(), this);
     window.exec();
 }
 

@@ -3,6 +3,7 @@
 #include "forecast/groupfilter.h"
 #include "forecast/richtextbox.h"
 #include "forecast/textboxcommands.h"
+#include "prize/prizecheckwindow.h"
 #include "windowkit/appcontext.h"
 #include "windowkit/controls.h"
 
@@ -21,7 +22,7 @@ constexpr int runWidth = 96;
 
 } // namespace
 
-BatFilter::BatFilter(AppContext& context, QWidget* parent)
+BatFilter::BatFilter(AppContext& context, const DrawHistory& history, QWidget* parent)
     : ModalWindow(context, parent),
       Label1(controls::label(this, "Label1", QStringLiteral("现有号码组："))),
       RichTextBox1(textboxcommands::box(this, "RichTextBox1")),
@@ -38,7 +39,9 @@ BatFilter::BatFilter(AppContext& context, QWidget* parent)
       RichTextBox3(textboxcommands::box(this, "RichTextBox3")),
       Command8(controls::button(this, "Command8", QStringLiteral("清空"))),
       Command9(controls::button(this, "Command9", QStringLiteral("全选"))),
-      Command11(controls::button(this, "Command11", QStringLiteral("另存为")))
+      Command11(controls::button(this, "Command11", QStringLiteral("另存为"))),
+      prizeCheckButton(controls::button(this, "prizeCheckButton", QStringLiteral("中奖查询"))),
+      m_history(history)
 {
     setObjectName(QStringLiteral("BatFilter"));
     setWindowTitle(QStringLiteral("号码组过滤"));
@@ -57,6 +60,9 @@ BatFilter::BatFilter(AppContext& context, QWidget* parent)
                                  QRect(thirdLeft, boxTop, boxWidth, boxHeight));
     Command7->setGeometry(runLeft, boxTop + boxHeight / 2 - 20, runWidth, 40);
     Command7->setAutoDefault(false);
+    // The prize check of the result stands in the run column below the run.
+    prizeCheckButton->setGeometry(runLeft, Command7->geometry().bottom() + 1 + 24, runWidth, 32);
+    prizeCheckButton->setAutoDefault(false);
     setFixedSize(thirdLeft + boxWidth + margin, Command8->geometry().bottom() + 1 + margin);
 
     onClick(Command1, [this] { Command1_Click(); });
@@ -69,6 +75,7 @@ BatFilter::BatFilter(AppContext& context, QWidget* parent)
     onClick(Command8, [this] { Command8_Click(); });
     onClick(Command9, [this] { Command9_Click(); });
     onClick(Command11, [this] { Command11_Click(); });
+    onClick(prizeCheckButton, [this] { prizeCheckButton_Click(); });
 }
 
 void BatFilter::Command1_Click()
@@ -127,4 +134,10 @@ void BatFilter::Command9_Click()
 void BatFilter::Command11_Click()
 {
     textboxcommands::saveFrom(m_context.fileDialogs, *RichTextBox3);
+}
+
+void BatFilter::prizeCheckButton_Click()
+{
+    PrizeCheckWindow window(m_context, m_history, RichTextBox3->Text(), this);
+    window.exec();
 }

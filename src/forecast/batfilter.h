@@ -6,6 +6,7 @@
 
 #include "windowkit/modalwindow.h"
 
+class DrawHistory;
 class QLabel;
 class QPushButton;
 class RichTextBox;
@@ -14,7 +15,8 @@ class BatFilter : public ModalWindow {
     Q_OBJECT
 
 public:
-    explicit BatFilter(AppContext& context, QWidget* parent = nullptr);
+    // The history is for the prize check of the result; the filter reads none.
+    BatFilter(AppContext& context, const DrawHistory& history, QWidget* parent = nullptr);
 
     void Command1_Click();
     void Command2_Click();
@@ -26,6 +28,8 @@ public:
     void Command8_Click();
     void Command9_Click();
     void Command11_Click();
+    // "中奖查询": the prize check, with the result's lines as its bets.
+    void prizeCheckButton_Click();
 
     QLabel* Label1;
     RichTextBox* RichTextBox1;
@@ -43,4 +47,8 @@ public:
     QPushButton* Command8;
     QPushButton* Command9;
     QPushButton* Command11;
+    QPushButton* prizeCheckButton;
+
+private:
+    const DrawHistory& m_history;
 };

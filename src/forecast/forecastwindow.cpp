@@ -5,6 +5,7 @@
 #include "forecast/resultoutput.h"
 #include "forecast/richtextbox.h"
 #include "platform/textrules.h"
+#include "prize/prizecheckwindow.h"
 #include "settings/settingsstore.h"
 #include "windowkit/appcontext.h"
 #include "windowkit/controls.h"
@@ -100,6 +101,9 @@ void ForecastWindow::layoutCommon(int top)
     m_nextSideTop = sideTop;
 
     setFixedSize(childrenRect().right() + 1 + margin, boxTop + boxHeight + margin);
+
+    prizeCheckButton = addSideButton("prizeCheckButton", QStringLiteral("中奖查询"));
+    onClick(prizeCheckButton, [this] { prizeCheckButton_Click(); });
 }
 
 QPushButton* ForecastWindow::addSideButton(const char* name, const QString& caption)
@@ -224,4 +228,10 @@ void ForecastWindow::Command5_Click()
     Command5->setEnabled(false);
     FilterDuplicateLines(*RichTextBox1, m_context.messages);
     Command5->setEnabled(true);
+}
+
+void ForecastWindow::prizeCheckButton_Click()
+{
+    PrizeCheckWindow window(m_context, m_history, RichTextBox1->Text(), this);
+    window.exec();
 }

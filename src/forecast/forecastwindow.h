@@ -29,6 +29,8 @@ public:
     void Command3_Click();
     void Command4_Click();
     void Command5_Click();
+    // "中奖查询": the prize check, with the result box's lines as its bets.
+    void prizeCheckButton_Click();
 
     ForecastCore& core() { return m_core; }
 
@@ -44,6 +46,7 @@ public:
     QLabel* Label3;
     RichTextBox* RichTextBox1;
     QLabel* Label4;
+    QPushButton* prizeCheckButton = nullptr;
 
 protected:
     // Hides Label4 and restores the group count; the window restores its
@@ -67,8 +70,9 @@ protected:
     // message of impossible conditions and the box stays as it was.
     void run();
 
-    // Places the shared controls from `top` down and fixes the window's size
-    // around all of its controls.
+    // Places the shared controls from `top` down, fixes the window's size
+    // around all of its controls and adds the buttons of the side column
+    // that every forecast window has.
     void layoutCommon(int top);
 
     // A button of the window's own below the four result buttons, in the room

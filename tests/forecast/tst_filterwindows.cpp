@@ -44,7 +44,8 @@ void FilterWindowsTest::batFilterImportsFiltersOnCopiesSavesAndClears()
     const QString folder = app.programFolder();
     writeFile(QDir(folder).filePath("kept"), kept.toUtf8());
     writeFile(QDir(folder).filePath("out"), QStringEncoder("GB18030").encode(takenOut));
-    BatFilter window(app.context);
+    DrawHistory history;
+    BatFilter window(app.context, history);
     window.show();
     QVERIFY(QTest::qWaitForWindowActive(&window));
     app.fileDialogs.nextName = QDir(folder).filePath("kept");
