@@ -99,7 +99,7 @@ void DrawUpdateTest::updates()
     for (QString line : old)
         导入一行(history, line);
     DrawUpdate update(history, server.base(), server.base());
-    update.requestLimitMs = 1000;
+    update.requestLimitMs = 2000; // small, and still ample for a local answer
     update.answerLimitBytes = 1 << 20;
     QStringList stages;
     connect(&update, &DrawUpdate::stageChanged, this, [&](const QString& stage) { stages << stage; });
