@@ -14,7 +14,9 @@
 #include "history/forminput.h"
 #include "history/historyfile.h"
 #include "history/numbercolumns.h"
+#include "online/drawupdate.h"
 #include "online/formsearchpic.h"
+#include "online/updateprogress.h"
 #include "platform/appinfo.h"
 #include "platform/textrules.h"
 #include "prize/prizecheckwindow.h"
@@ -203,6 +205,8 @@ void MainForm::buildMenus()
     menu导入 = addEntry(menu列表, QStringLiteral("批量导入"), &MainForm::menu导入_Click);
     menu在线导入最新开奖数据 = addEntry(menu列表, QStringLiteral("在线导入最新开奖数据"),
                                         &MainForm::menu在线导入最新开奖数据_Click);
+    menu一键更新开奖数据 = addEntry(menu列表, QStringLiteral("一键更新开奖数据"),
+                                    &MainForm::menu一键更新开奖数据_Click);
     menu清空 = addEntry(menu列表, QStringLiteral("清空"), &MainForm::menu清空_Click);
     erwter4325 = addSeparator(menu列表, "erwter4325");
     menu退出 = addEntry(menu列表, QStringLiteral("退出"), &MainForm::menu退出_Click);
@@ -439,6 +443,24 @@ void MainForm::menu在线导入最新开奖数据_Click()
     } catch (const RuntimeError&) {
         // The rows behind the one that stopped it stay without number columns.
     }
+}
+
+void MainForm::menu一键更新开奖数据_Click()
+{
+    DrawUpdate update(m_history, m_context.addresses.feedBase, m_context.DrawSiteBase);
+    runWithProgress(update, this);
+    if (update.outcome() == DrawUpdate::Outcome::Failed)
+        m_context.messages.show(MessageIcon::Critical, QStringLiteral("无法获取最新开奖数据，请检查网络连接。"));
+    if (update.outcome() != DrawUpdate::Outcome::Done)
+        return; // nothing of a failed or cancelled update is kept
+    const int added = update.insertInto(m_history);
+    // As after the online import: a row that stops the pass ends the pass only.
+    setCountPanel();
+    try {
+        menu拆分八位数字_Click();
+    } catch (const RuntimeError&) {
+    }
+    m_context.messages.show(MessageIcon::Information, update.report(added));
 }
 
 void MainForm::menu清空_Click()

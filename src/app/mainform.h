@@ -62,6 +62,7 @@ public:
     void menu复制一组号码_Click();
     void menu导入_Click();
     void menu在线导入最新开奖数据_Click();
+    void menu一键更新开奖数据_Click();
     void menu清空_Click();
     void menu退出_Click();
     void menu七位总和平均统计_Click();
@@ -117,6 +118,9 @@ public:
     QAction* wetewt43253253;
     QAction* menu导入;
     QAction* menu在线导入最新开奖数据;
+    // Brings the history up to date from the lottery centre's feed, or from
+    // the draw-data site's pages when the feed can't be had.
+    QAction* menu一键更新开奖数据;
     QAction* menu清空;
     QAction* erwter4325;
     QAction* menu退出;

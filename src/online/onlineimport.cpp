@@ -60,22 +60,23 @@ double secondsSinceMidnight(const QDateTime& now)
 
 } // namespace
 
-int 导入当前页数据(HtmlDocument* document, DrawHistory& history)
+namespace drawsite {
+
+QStringList drawLines(HtmlDocument* document)
 {
     // A document that isn't there, or has no table, reads nothing.
     if (!document)
-        return 0;
+        return {};
     const QList<HtmlElement> tables = document->getElementsByTagName(QStringLiteral("table"));
     if (tables.isEmpty())
-        return 0;
+        return {};
     const QList<HtmlElement> rows = tables.first().Rows();
     // Fewer than 21 or more than 30 rows, header and pager included, is not a
     // page of draws.
     if (rows.size() < 21 || rows.size() > 30)
-        return 0;
+        return {};
 
-    DrawHistory::Batch batch(history);
-    int count = 0;
+    QStringList lines;
     for (const HtmlElement& row : rows) {
         const QList<HtmlElement> cells = row.Cells();
         if (cells.size() != 7)
@@ -86,11 +87,20 @@ int 导入当前页数据(HtmlDocument* document, DrawHistory& history)
         if (!textrules::isNumeric(issue))
             continue;
         const QString numbers = pairedNumbers(textrules::trim(cells[2].innertext()));
-        QString line = textrules::trim(issue + QLatin1Char(' ') + numbers);
-        导入一行(history, line);
-        ++count; // rows read, added or not
+        lines.append(textrules::trim(issue + QLatin1Char(' ') + numbers));
     }
-    return count;
+    return lines;
+}
+
+} // namespace drawsite
+
+int 导入当前页数据(HtmlDocument* document, DrawHistory& history)
+{
+    QStringList lines = drawsite::drawLines(document);
+    DrawHistory::Batch batch(history);
+    for (QString& line : lines)
+        导入一行(history, line);
+    return int(lines.size()); // rows read, added or not
 }
 
 void 全部链接在新窗口打开(HtmlDocument* document, const QString& DrawSiteBase)

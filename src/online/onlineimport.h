@@ -8,6 +8,7 @@
 
 #include <QObject>
 #include <QString>
+#include <QStringList>
 
 class Clock;
 class DrawHistory;
@@ -25,13 +26,18 @@ QString page(const QString& DrawSiteBase, int pageNumber);
 // inside the import window.
 bool isPagingLink(const QString& href, const QString& DrawSiteBase);
 
+// The draws of a history page, read from the first table of the document if
+// it has 21 to 30 rows: each row of seven cells whose first cell is a date
+// and second a number gives the line "issue numbers", the numbers parted
+// into pairs where the cell runs them together. In the order of the rows;
+// none without a document or a table.
+QStringList drawLines(HtmlDocument* document);
+
 } // namespace drawsite
 
-// Reads the draws of the first table of the document, if it has 21 to 30
-// rows: each row of seven cells whose first cell is a date and second a
-// number gives the line "issue numbers", the numbers parted into pairs where
-// the cell runs them together. Returns the rows read, whatever became of
-// them; 0 without a document or a table.
+// Hands each line that drawsite::drawLines reads from the document to
+// 导入一行, in order. Returns the rows read, whatever became of them; 0
+// without a document or a table.
 int 导入当前页数据(HtmlDocument* document, DrawHistory& history);
 
 // Marks every link that does not lead to one of the site's own history pages

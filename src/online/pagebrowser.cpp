@@ -7,10 +7,6 @@
 #include <QNetworkRequest>
 #include <QTimer>
 
-namespace {
-
-// What a desktop browser sends with a page request; some sites refuse
-// clients that do not look like one.
 QNetworkRequest browserRequest(const QUrl& url)
 {
     QNetworkRequest request(url);
@@ -23,6 +19,8 @@ QNetworkRequest browserRequest(const QUrl& url)
     request.setMaximumRedirectsAllowed(20);
     return request;
 }
+
+namespace {
 
 // The page a browser shows in place of one it could not fetch.
 QString errorPage(const QString& reason)

@@ -14,6 +14,7 @@
 #include "online/htmldocument.h"
 
 #include <QNetworkAccessManager>
+#include <QNetworkRequest>
 #include <QObject>
 #include <QPointer>
 #include <QString>
@@ -21,6 +22,10 @@
 #include <memory>
 
 class QNetworkReply;
+
+// What a desktop browser sends with a page request; some sites refuse
+// clients that do not look like one.
+QNetworkRequest browserRequest(const QUrl& url);
 
 class PageBrowser : public QObject {
     Q_OBJECT

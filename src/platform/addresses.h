@@ -2,8 +2,9 @@
 
 // Every network and mail address the program knows, in one place. The values
 // are defaults: the application receives them and may be given others, which
-// is how the tests keep away from the internet. The draw-data site and the
-// update server come from the build's configuration (see buildaddresses.h.in).
+// is how the tests keep away from the internet. The draw-data site, the
+// lottery centre's data feed and the update server come from the build's
+// configuration (see buildaddresses.h.in).
 
 #include "platform/buildaddresses.h"
 
@@ -24,4 +25,7 @@ struct SiteAddresses {
     // The vendor's update server, ending in "/"; empty when there is none,
     // and then the start sends no update check.
     QString vendorBaseUrl = QStringLiteral(CHENGCHUAN_VENDOR_BASE_URL);
+    // The lottery centre's site, with no trailing slash: its data feed of
+    // the latest draws lies below it.
+    QString feedBase = QStringLiteral(CHENGCHUAN_FEED_BASE);
 };

@@ -27,6 +27,7 @@ TestApp::TestApp()
               SiteAddresses{QStringLiteral("http://127.0.0.1:9"), QStringLiteral("http://127.0.0.1:9/maker/"),
                             QStringLiteral("maker@127.0.0.1"), QStringLiteral("http://127.0.0.1:9/vendor/")})
 {
+    context.addresses.feedBase = QStringLiteral("http://127.0.0.1:9");
 }
 
 QString TestApp::historyPath() const
