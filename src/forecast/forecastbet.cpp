@@ -22,7 +22,7 @@ const QString countKey = QStringLiteral("投注个数");
 
 ForecastBet::ForecastBet(AppContext& context, DrawHistory& history, QWidget* parent)
     : ForecastWindow(context, history, section,
-                     betrule::hooks([this](const QString& reds) { return 符合投注条件判断(reds); }), parent),
+                     betrule::hooks([this](QStringView reds) { return 符合投注条件判断(reds); }), parent),
       m_rows(history)
 {
     setWindowTitle(QStringLiteral("投注式预测"));
@@ -76,7 +76,7 @@ bool ForecastBet::判断TEXT3的合法性()
     return check.valid;
 }
 
-bool ForecastBet::符合投注条件判断(const QString& line) const
+bool ForecastBet::符合投注条件判断(QStringView line) const
 {
     return betrule::符合投注条件判断(Text3->text(), BetMin, BetMax, line);
 }
