@@ -35,6 +35,10 @@ public:
     qint32 BetMin = 0;
     qint32 BetMax = 0;
 
+protected:
+    bool ruleIsValid() override;
+    ForecastHooks ruleAsItStands() override;
+
 private:
     DrawHistory& m_rows;
 };

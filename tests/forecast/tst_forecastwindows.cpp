@@ -93,6 +93,8 @@ private slots:
     void runsFillTheBoxAndItsButtonsWorkOnIt();
     void highestCountRunsWithItsNoticeShownAndItsButtonBlocked();
     void betFillsText3FromTheLatestDraws();
+    void historyCheckReadsTheConditionsAtThePress_data();
+    void historyCheckReadsTheConditionsAtThePress();
 };
 
 void ForecastWindowsTest::boxInsertsAtTheCaret_data()
@@ -309,6 +311,91 @@ void ForecastWindowsTest::betFillsText3FromTheLatestDraws()
     w.history.removeAt(0);
     click(fill);
     QCOMPARE(w.app.process.exitCodes, QList<int>{1});
+}
+
+void ForecastWindowsTest::historyCheckReadsTheConditionsAtThePress_data()
+{
+    QTest::addColumn<QString>("kind");
+    QTest::addColumn<QString>("numbers"); // Text3 and the bet count, where the window has them
+    QTest::addColumn<QString>("betCount");
+    QTest::addColumn<QString>("report"); // or the critical message of a run
+    QTest::addColumn<QString>("rewritten"); // Text3 afterwards
+    // The ranges leave the one group of the first draw; the second draw is
+    // out of them.
+    const QString oneGroup = QStringLiteral(
+        "全部2期开奖中有1期满足当前条件（50.0%）\r\n最近2期开奖中有1期满足当前条件（50.0%）\r\n"
+        "满足条件的红球组合：1组，占全部1107568组的0.00%\r\n含蓝球共16注\r\n条件效率：553784.00\r\n"
+        "比值大于1：当前条件偏向历史开出过的号码，保留真实开奖的比例高于保留任意组合的比例。");
+    QTest::newRow("general") << "ForecastNormal" << "" << "" << oneGroup << "";
+    // The check takes tokens out of the ranges' texts; the draw rule finds
+    // "09" anywhere in the text.
+    QTest::newRow("filter: 09 forbidden by the draw rule only")
+        << "ForecastFilter" << "x09" << ""
+        << "全部2期开奖中有0期满足当前条件（0.0%）\r\n最近2期开奖中有0期满足当前条件（0.0%）\r\n"
+           "满足条件的红球组合：0组，占全部1107568组的0.00%\r\n含蓝球共0注\r\n条件效率：无法计算\r\n"
+           "没有任何红球组合满足当前条件，请放宽条件。"
+        << "x09";
+    QTest::newRow("filter: the range of ball 2 forbidden")
+        << "ForecastFilter" << "09" << ""
+        << "“红色球不允许出现的号码”设置不合理，或者1-6号球设置的范围不合理！" << "09";
+    // Read as typed, "3" and "2" would both be found in the group.
+    QTest::newRow("bet: the numbers as the run reads them") << "ForecastBet" << "3 2" << "1个" << oneGroup << "03 02";
+    QTest::newRow("bet: too few numbers") << "ForecastBet" << "01 x5 03" << "2个"
+                                          << "要求出现投注号码的个数不合理，或者投注号码不规范！\r\n请重新选择和设置！"
+                                          << "01";
+}
+
+void ForecastWindowsTest::historyCheckReadsTheConditionsAtThePress()
+{
+    QFETCH(QString, kind);
+    QFETCH(QString, numbers);
+    QFETCH(QString, betCount);
+    QFETCH(QString, report);
+    QFETCH(QString, rewritten);
+    Forecast w(kind, {"03 09 17 20 27 30 05 00", "01 05 09 12 20 33 07 00"});
+    QVERIFY(QTest::qWaitForWindowActive(w.form.get()));
+    const QList<int> reds{3, 9, 17, 20, 27, 30};
+    std::ranges::copy(reds, w.app.context.ranges.BallMin.begin());
+    std::ranges::copy(reds, w.app.context.ranges.BallMax.begin());
+    if (w.text3())
+        w.text3()->setText(numbers);
+    if (w.betCount())
+        w.betCount()->setCurrentText(betCount);
+    w.form->Check1->setChecked(true);
+    w.form->RichTextBox1->setText(QStringLiteral("earlier\r\n"));
+    QPushButton* check = w.form->historyCheckButton;
+    QCOMPARE(check->text(), QStringLiteral("历史验证"));
+    QCOMPARE(check->x(), w.form->Command5->x());
+    QVERIFY(check->y() > w.form->Command5->geometry().bottom());
+    QVERIFY(w.form->rect().contains(check->geometry()));
+
+    // While events run the button waits, and what is typed meanwhile does
+    // not reach the check.
+    int looks = 0;
+    int wrong = 0;
+    QString text3AtFirstLook;
+    QTimer watcher;
+    connect(&watcher, &QTimer::timeout, [&] {
+        ++looks;
+        wrong += check->isEnabled() ? 1 : 0;
+        if (w.text3() && looks == 1)
+            text3AtFirstLook = w.text3()->text();
+        if (w.text3())
+            w.text3()->setText(QString());
+    });
+    watcher.start(0);
+    click(check);
+    watcher.stop();
+    const bool reported = report.startsWith(QStringLiteral("全部"));
+    QCOMPARE(looks, reported ? 28 : 0);
+    QCOMPARE(wrong, 0);
+    QVERIFY(check->isEnabled());
+    QCOMPARE(w.app.messages.shown.size(), 1);
+    QCOMPARE(w.app.messages.shown[0].icon, reported ? MessageIcon::Information : MessageIcon::Critical);
+    QCOMPARE(w.app.messages.shown[0].text, report);
+    QCOMPARE(w.box(), QStringLiteral("earlier\r\n"));
+    if (w.text3())
+        QCOMPARE(reported ? text3AtFirstLook : w.text3()->text(), rewritten);
 }
 
 WINDOW_TEST_MAIN(ForecastWindowsTest)
