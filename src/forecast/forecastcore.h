@@ -29,6 +29,9 @@ public:
     static constexpr qint32 GapLimit = ForecastTests::GapLimit;
 
     ForecastCore(RandomSource& random, const BallRanges& ranges, const GroupHistory& history, Hooks hooks = {});
+    // The tests hold on to the core's own hooks.
+    ForecastCore(const ForecastCore&) = delete;
+    ForecastCore& operator=(const ForecastCore&) = delete;
 
     // Lets pending events run; the window hands in the event loop's.
     std::function<void()> letEventsRun = [] {};

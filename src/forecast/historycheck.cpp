@@ -24,10 +24,14 @@ struct Draw {
     qint32 blue = 0;
 };
 
-// A token that is a whole number, written as the program reads numbers.
-std::optional<qint32> exactWhole(const QString& token)
+// A token that is a whole number, written as the program reads numbers. Two
+// plain digits, the form of a history's numbers, are read on the spot.
+std::optional<qint32> exactWhole(QStringView token)
 {
-    const std::optional<double> value = textrules::toNumber(token);
+    const auto digit = [](QChar c) { return c >= QLatin1Char('0') && c <= QLatin1Char('9'); };
+    if (token.size() == 2 && digit(token[0]) && digit(token[1]))
+        return (token[0].unicode() - '0') * 10 + (token[1].unicode() - '0');
+    const std::optional<double> value = textrules::toNumber(token.toString());
     if (!value || *value != std::trunc(*value))
         return std::nullopt;
     return textrules::toWhole(*value);
@@ -37,7 +41,7 @@ std::optional<qint32> exactWhole(const QString& token)
 // number text, or nothing.
 std::optional<Draw> drawOf(const QString& groupText)
 {
-    const QStringList tokens = textrules::split(textrules::trim(groupText), QStringLiteral(" "));
+    const QList<QStringView> tokens = textrules::splitView(textrules::trimView(groupText), u" ");
     if (tokens.size() < redCount + 1)
         return std::nullopt;
     Draw draw;
@@ -63,12 +67,15 @@ std::optional<Draw> drawOf(const QString& groupText)
 // it would begin; only whole groups go to the tests.
 class RedGroupCount {
 public:
-    explicit RedGroupCount(const ForecastConditions& conditions)
-        : m_tests(conditions.ranges, conditions.hooks), m_line(QStringLiteral("00 00 00 00 00 00"))
+    explicit RedGroupCount(const ForecastConditions& conditions) : m_tests(conditions.ranges, conditions.hooks)
     {
         // The rule's text stands still, so each red is asked once.
-        for (qint32 red = 1; red <= highestRed; ++red)
+        for (qint32 red = 1; red <= highestRed; ++red) {
             m_allowed[size_t(red)] = !m_tests.refusesRed(red);
+            m_redTexts[size_t(red)] = textrules::format00(double(red));
+        }
+        const std::array<qint32, redCount> any{1, 2, 3, 4, 5, 6};
+        m_line = ForecastCore::resultLine(any.data(), false, 0);
     }
 
     // The groups whose first red is `first`.
@@ -88,9 +95,10 @@ private:
         if (!m_allowed[size_t(red)] || !m_tests.ballInRange(index + 1, red))
             return false;
         m_reds[size_t(index)] = red;
+        // Each red takes two characters and a blank in the line.
         QChar* digits = m_line.data(); // the line's own characters, whoever looked at it before
-        digits[3 * index] = QChar(u'0' + red / 10);
-        digits[3 * index + 1] = QChar(u'0' + red % 10);
+        digits[3 * index] = m_redTexts[size_t(red)][0];
+        digits[3 * index + 1] = m_redTexts[size_t(red)][1];
         return true;
     }
 
@@ -114,6 +122,7 @@ private:
 
     ForecastTests m_tests;
     std::array<bool, highestRed + 1> m_allowed{};
+    std::array<QString, highestRed + 1> m_redTexts;
     std::array<qint32, redCount> m_reds{};
     // The result line of the group at hand, without a blue: the tests never
     // read the blue, which stands behind two blanks.
@@ -133,30 +142,27 @@ PastDraws checkPastDraws(const DrawHistory& history, const ForecastConditions& c
 {
     struct Row {
         qint32 issue;
-        int row;
+        QString group;
+        std::optional<Draw> draw;
     };
     std::vector<Row> rows;
     rows.reserve(size_t(history.count()));
+    PastDraws result;
     for (int row = 0; row < history.count(); ++row) {
-        if (const std::optional<qint32> issue = textrules::toWhole(history.text(row)))
-            rows.push_back({*issue, row});
+        if (const std::optional<qint32> issue = textrules::toWhole(history.text(row))) {
+            const QString group = history.subItem(row, DrawHistory::GroupSubItem);
+            rows.push_back({*issue, group, drawOf(group)});
+            result.total += rows.back().draw ? 1 : 0;
+        }
     }
     std::ranges::stable_sort(rows, {}, &Row::issue);
-
-    std::vector<std::optional<Draw>> draws;
-    draws.reserve(rows.size());
-    PastDraws result;
-    for (const Row& row : rows) {
-        draws.push_back(drawOf(history.subItem(row.row, DrawHistory::GroupSubItem)));
-        result.total += draws.back() ? 1 : 0;
-    }
     result.recentTotal = std::min(result.total, RecentDraws);
 
     const ForecastTests tests(conditions.ranges, conditions.hooks);
     GroupHistory earlier; // the rows before the draw at hand
     int wellFormedSeen = 0;
-    for (size_t i = 0; i < rows.size(); ++i) {
-        if (const std::optional<Draw>& draw = draws[i]) {
+    for (const Row& row : rows) {
+        if (const std::optional<Draw>& draw = row.draw) {
             const QString line = ForecastCore::resultLine(draw->reds.data(), conditions.wantBlue, draw->blue);
             const bool passed = tests.allowsReds(draw->reds.data())
                                 && tests.passes(draw->reds.data(), line, conditions.noHistory, conditions.wantBlue,
@@ -166,7 +172,7 @@ PastDraws checkPastDraws(const DrawHistory& history, const ForecastConditions& c
             if (wellFormedSeen > result.total - result.recentTotal)
                 result.recentPassed += passed ? 1 : 0;
         }
-        earlier.add(history.subItem(rows[i].row, DrawHistory::GroupSubItem));
+        earlier.add(row.group);
     }
     return result;
 }
