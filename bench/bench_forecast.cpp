@@ -127,7 +127,7 @@ int main()
     std::printf("filter_ratio_to_stir_floor: %.3f\n", filter.ratio);
 
     const QString betNumbers = QStringLiteral("02 08 13 17 21 26 29 31");
-    const Figures bet = measure(ranges, collections, betrule::hooks([&betNumbers](const QString& reds) {
+    const Figures bet = measure(ranges, collections, betrule::hooks([&betNumbers](QStringView reds) {
         return betrule::符合投注条件判断(betNumbers, 2, 4, reds);
     }));
     std::printf("bet_batch_ms: %.2f\n", bet.batchMs);

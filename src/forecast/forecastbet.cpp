@@ -22,7 +22,7 @@ const QString countKey = QStringLiteral("投注个数");
 
 ForecastBet::ForecastBet(AppContext& context, DrawHistory& history, QWidget* parent)
     : ForecastWindow(context, history, section,
-                     betrule::hooks([this](const QString& reds) { return 符合投注条件判断(reds); }), parent),
+                     betrule::hooks([this](QStringView reds) { return 符合投注条件判断(reds); }), parent),
       m_rows(history)
 {
     setWindowTitle(QStringLiteral("投注式预测"));
@@ -76,19 +76,32 @@ bool ForecastBet::判断TEXT3的合法性()
     return check.valid;
 }
 
-bool ForecastBet::符合投注条件判断(const QString& line) const
+bool ForecastBet::符合投注条件判断(QStringView line) const
 {
     return betrule::符合投注条件判断(Text3->text(), BetMin, BetMax, line);
 }
 
-void ForecastBet::Command1_Click()
+bool ForecastBet::ruleIsValid()
 {
     // Text3 is rewritten also when the check fails; the focus stays.
     if (!判断TEXT3的合法性()) {
         m_context.messages.show(MessageIcon::Critical,
                                 QStringLiteral("要求出现投注号码的个数不合理，或者投注号码不规范！\r\n请重新选择和设置！"));
-        return;
+        return false;
     }
+    return true;
+}
+
+ForecastHooks ForecastBet::ruleAsItStands()
+{
+    return betrule::hooks([bets = betrule::BetNumbers(Text3->text()), betMin = BetMin,
+                           betMax = BetMax](QStringView reds) { return betrule::符合投注条件判断(bets, betMin, betMax, reds); });
+}
+
+void ForecastBet::Command1_Click()
+{
+    if (!ruleIsValid())
+        return;
     if (!groupCountIsValid())
         return;
     run();

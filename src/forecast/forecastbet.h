@@ -22,7 +22,7 @@ public:
     void Command6_Click();
     // Sets BetMin and BetMax and rewrites Text3 with the numbers it read.
     bool 判断TEXT3的合法性();
-    bool 符合投注条件判断(const QString& line) const;
+    bool 符合投注条件判断(QStringView line) const;
 
     QLabel* Label5;
     QLabel* Label6;
@@ -34,6 +34,10 @@ public:
 
     qint32 BetMin = 0;
     qint32 BetMax = 0;
+
+protected:
+    bool ruleIsValid() override;
+    ForecastHooks ruleAsItStands() override;
 
 private:
     DrawHistory& m_rows;

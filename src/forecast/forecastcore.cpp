@@ -1,7 +1,6 @@
 #include "forecast/forecastcore.h"
 
 #include "forecast/grouphistory.h"
-#include "forecast/grouptests.h"
 #include "history/numbercolumns.h"
 #include "platform/services.h"
 #include "platform/textrules.h"
@@ -10,7 +9,6 @@
 namespace {
 
 const QString blank = QStringLiteral(" ");
-const QString twoBlanks = QStringLiteral("  ");
 const QString lineEnd = QStringLiteral("\r\n");
 
 // The whole-number conversion of a product of the generator's single-precision
@@ -24,7 +22,7 @@ qint32 nearest(float value)
 } // namespace
 
 ForecastCore::ForecastCore(RandomSource& random, const BallRanges& ranges, const GroupHistory& history, Hooks hooks)
-    : m_random(random), m_ranges(ranges), m_history(history), m_hooks(std::move(hooks))
+    : m_random(random), m_ranges(ranges), m_history(history), m_hooks(std::move(hooks)), m_tests(m_ranges, m_hooks)
 {
 }
 
@@ -50,7 +48,7 @@ void ForecastCore::产生红色球(int n)
             v = nearest(m_random.Rnd() * 33.0f) + 1;
             if (v > RedHighest)
                 continue;
-            if (m_hooks.refuseRed && m_hooks.refuseRed(v))
+            if (m_tests.refusesRed(v))
                 continue;
             if (在产生的红色球中查找(v))
                 continue;
@@ -91,35 +89,31 @@ void ForecastCore::计算彩票组合数()
     产生红色球(RedCount);
     if (WantBlue == 1)
         Blue = 产生蓝色球();
-    GroupText.clear();
-    for (size_t i = 0; i + 1 < Balls.size(); ++i) {
-        GroupText += textrules::format00(double(Balls[i]));
-        GroupText += blank;
+    GroupText = resultLine(Balls.data(), WantBlue == 1, Blue);
+}
+
+QString ForecastCore::resultLine(const qint32* reds, bool withBlue, qint32 blue)
+{
+    QString line;
+    for (int i = 0; i < RedCount; ++i) {
+        line += textrules::format00(double(reds[i]));
+        line += blank;
     }
     // Two blanks stand before the blue, on purpose: they keep it out of the
     // even and average tests, and they make the line 21 characters wide.
-    if (WantBlue == 1)
-        GroupText += blank + textrules::format00(double(Blue));
-    GroupText = textrules::trim(GroupText);
+    if (withBlue)
+        line += blank + textrules::format00(double(blue));
+    return textrules::trim(line);
 }
 
 bool ForecastCore::判断是否在最大几率范围以内() const
 {
-    for (int ball = 1; ball <= BallRanges::RedBalls; ++ball) {
-        const qint32 number = Balls[size_t(ball - 1)];
-        if (number < m_ranges.min(ball) || number > m_ranges.max(ball))
-            return false;
-    }
-    return true;
+    return m_tests.inRanges(Balls.data());
 }
 
 bool ForecastCore::判断相邻2数之差是否合理(qint32 limit) const
 {
-    for (size_t i = 0; i + 1 < size_t(RedCount); ++i) {
-        if (Balls[i + 1] - Balls[i] > limit)
-            return false;
-    }
-    return true;
+    return ForecastTests::gapsFit(Balls.data(), limit);
 }
 
 QString ForecastCore::预测号码()
@@ -135,28 +129,9 @@ QString ForecastCore::预测号码()
             }
         }
         计算彩票组合数();
-        if (!判断是否在最大几率范围以内())
-            continue;
-        if (!判断相邻2数之差是否合理(GapLimit))
-            continue;
-        // The empty position behind the reds counts as even, so 7 means six
-        // even reds; 0 can't occur. Six odd reds pass.
-        const qint32 even = CountEvenNumbers(GroupText);
-        if (even == 0 || even >= 7)
-            continue;
-        // Six reds over seven: the reds must add up to 67 to 157.
-        const qint32 average = AverageOfSeven(GroupText);
-        if (average < 10 || average > 22)
-            continue;
-        if (m_hooks.extraTest && !m_hooks.extraTest(GroupText))
-            continue;
-        if (NoHistory != 1)
+        // The window's rule in the draw has been asked of every red already.
+        if (m_tests.passes(Balls.data(), GroupText, NoHistory == 1, WantBlue != 0, m_history))
             return GroupText;
-        // The history has one blank before the blue.
-        const QString historyForm = QString(GroupText).replace(twoBlanks, blank);
-        if (m_history.contains(historyForm, WantBlue != 0))
-            continue;
-        return GroupText;
     }
 }
 

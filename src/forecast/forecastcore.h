@@ -7,6 +7,8 @@
 // are fixed. The three forecast windows share this one implementation; each
 // window adds its own rule through the hooks.
 
+#include "forecast/forecasttests.h"
+
 #include <QString>
 #include <QtGlobal>
 
@@ -17,19 +19,6 @@ class GroupHistory;
 class RandomSource;
 struct BallRanges;
 
-// What a window may add to the plain forecast.
-struct ForecastHooks {
-    // Asked of every red number as it is drawn, before the test for
-    // repeats: true refuses the number and draws again.
-    std::function<bool(qint32 red)> refuseRed;
-    // One more test of a candidate, after the average test and before the
-    // history test; it is given GroupText. False throws the candidate away.
-    std::function<bool(const QString& groupText)> extraTest;
-    // Candidates tried for one group at most; 0 for no limit. A call that
-    // reaches the limit lets pending events run and gives an empty text.
-    int attemptLimit = 0;
-};
-
 class ForecastCore {
 public:
     using Hooks = ForecastHooks;
@@ -37,9 +26,12 @@ public:
     static constexpr int RedCount = 6;
     static constexpr int RedHighest = 33;
     static constexpr int BlueHighest = 16;
-    static constexpr qint32 GapLimit = 13;
+    static constexpr qint32 GapLimit = ForecastTests::GapLimit;
 
     ForecastCore(RandomSource& random, const BallRanges& ranges, const GroupHistory& history, Hooks hooks = {});
+    // The tests hold on to the core's own hooks.
+    ForecastCore(const ForecastCore&) = delete;
+    ForecastCore& operator=(const ForecastCore&) = delete;
 
     // Lets pending events run; the window hands in the event loop's.
     std::function<void()> letEventsRun = [] {};
@@ -65,9 +57,14 @@ public:
     // window has a limit, a group that was not found leaves no line.
     QString batchText();
 
+    // The result line of six ascending reds: two digits each, one blank
+    // between them, and with a blue two blanks and the blue behind them.
+    static QString resultLine(const qint32* reds, bool withBlue, qint32 blue);
+
 private:
     RandomSource& m_random;
     const BallRanges& m_ranges;
     const GroupHistory& m_history;
     Hooks m_hooks;
+    ForecastTests m_tests;
 };

@@ -50,14 +50,27 @@ bool ForecastFilter::校验过滤号码的合法性() const
     return filterrule::校验过滤号码的合法性(Text3->text(), m_context.ranges);
 }
 
-void ForecastFilter::Command1_Click()
+bool ForecastFilter::ruleIsValid()
 {
-    // The forbidden numbers come before the group count; the focus stays.
+    // The focus stays where it is.
     if (!校验过滤号码的合法性()) {
         m_context.messages.show(MessageIcon::Critical,
                                 QStringLiteral("“红色球不允许出现的号码”设置不合理，或者1-6号球设置的范围不合理！"));
-        return;
+        return false;
     }
+    return true;
+}
+
+ForecastHooks ForecastFilter::ruleAsItStands()
+{
+    return filterrule::hooks([forbidden = Text3->text()] { return forbidden; });
+}
+
+void ForecastFilter::Command1_Click()
+{
+    // The forbidden numbers come before the group count.
+    if (!ruleIsValid())
+        return;
     if (!groupCountIsValid())
         return;
     run();

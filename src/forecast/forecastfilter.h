@@ -21,4 +21,8 @@ public:
     QLabel* Label6;
     QLineEdit* Text3;
     QLabel* Label7;
+
+protected:
+    bool ruleIsValid() override;
+    ForecastHooks ruleAsItStands() override;
 };

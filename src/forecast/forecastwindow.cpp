@@ -2,6 +2,7 @@
 
 #include "forecast/duplicatelines.h"
 #include "forecast/grouphistory.h"
+#include "forecast/historycheck.h"
 #include "forecast/resultoutput.h"
 #include "forecast/richtextbox.h"
 #include "platform/textrules.h"
@@ -104,6 +105,8 @@ void ForecastWindow::layoutCommon(int top)
 
     prizeCheckButton = addSideButton("prizeCheckButton", QStringLiteral("中奖查询"));
     onClick(prizeCheckButton, [this] { prizeCheckButton_Click(); });
+    historyCheckButton = addSideButton("historyCheckButton", QStringLiteral("历史验证"));
+    onClick(historyCheckButton, [this] { historyCheckButton_Click(); });
 }
 
 QPushButton* ForecastWindow::addSideButton(const char* name, const QString& caption)
@@ -206,6 +209,25 @@ void ForecastWindow::run()
         RichTextBox1->setText(m_core.batchText());
     }
     endRun();
+}
+
+void ForecastWindow::historyCheckButton_Click()
+{
+    if (!ruleIsValid())
+        return;
+    ForecastConditions conditions;
+    conditions.ranges = m_context.ranges;
+    conditions.hooks = ruleAsItStands();
+    conditions.wantBlue = Check1->isChecked();
+    conditions.noHistory = Check2->isChecked();
+    // The count lets pending events run now and then; the button waits.
+    historyCheckButton->setEnabled(false);
+    const QString report =
+        historycheck::report(m_history, conditions, [] { QCoreApplication::processEvents(); });
+    historyCheckButton->setEnabled(true);
+    // A window closed meanwhile has no one left to tell.
+    if (isVisible())
+        m_context.messages.show(MessageIcon::Information, report);
 }
 
 void ForecastWindow::Command2_Click()

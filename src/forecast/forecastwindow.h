@@ -31,6 +31,10 @@ public:
     void Command5_Click();
     // "中奖查询": the prize check, with the result box's lines as its bets.
     void prizeCheckButton_Click();
+    // "历史验证": how the window's conditions as they stand would have fared
+    // over the past draws and how many of all groups they keep, in an
+    // information message. The result box stays as it is.
+    void historyCheckButton_Click();
 
     ForecastCore& core() { return m_core; }
 
@@ -47,6 +51,7 @@ public:
     RichTextBox* RichTextBox1;
     QLabel* Label4;
     QPushButton* prizeCheckButton = nullptr;
+    QPushButton* historyCheckButton = nullptr;
 
 protected:
     // Hides Label4 and restores the group count; the window restores its
@@ -69,6 +74,13 @@ protected:
     // replaces it. Where the forecast gives up, a single group gets the
     // message of impossible conditions and the box stays as it was.
     void run();
+
+    // The window's own check of its rule before a run, which shows the
+    // window's message when it fails; true to go on.
+    virtual bool ruleIsValid() { return true; }
+    // The window's rule with its texts as they stand now, read once: what the
+    // run would read at this moment. Asked after ruleIsValid.
+    virtual ForecastHooks ruleAsItStands() { return {}; }
 
     // Places the shared controls from `top` down, fixes the window's size
     // around all of its controls and adds the buttons of the side column

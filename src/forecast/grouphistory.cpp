@@ -32,12 +32,16 @@ void GroupHistory::fill(const DrawHistory& history)
 {
     m_red.clear();
     m_full.clear();
-    for (int row = 0; row < history.count(); ++row) {
-        // Nothing tests the form of a row: a short one goes in as it is.
-        const QString group = textrules::trim(history.subItem(row, DrawHistory::GroupSubItem));
-        m_red.add(group.left(RedWidth));
-        m_full.add(group.left(FullWidth));
-    }
+    for (int row = 0; row < history.count(); ++row)
+        add(history.subItem(row, DrawHistory::GroupSubItem));
+}
+
+void GroupHistory::add(const QString& groupText)
+{
+    // Nothing tests the form of a row: a short one goes in as it is.
+    const QString group = textrules::trim(groupText);
+    m_red.add(group.left(RedWidth));
+    m_full.add(group.left(FullWidth));
 }
 
 bool GroupHistory::contains(const QString& text, bool withBlue) const

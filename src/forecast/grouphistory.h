@@ -20,6 +20,8 @@ public:
 
     // Drops both collections and makes them anew from the rows.
     void fill(const DrawHistory& history);
+    // Adds one row behind the others, from its number text.
+    void add(const QString& groupText);
 
     // True if the text begins an item, compared without regard to case, in
     // FullGroupHistory (withBlue) or RedGroupHistory. With well-formed rows

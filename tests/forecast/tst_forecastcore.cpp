@@ -75,6 +75,10 @@ void ForecastCoreTest::evenCountAndAverage_data()
     QTest::newRow("result line without blue: the missing token even") << "08 09 17 25 27 32" << 3 << 17;
     QTest::newRow("six even reds") << "02 04 06 08 10 12" << 7 << 6;
     QTest::newRow("blanks around: trimmed for the count, not for the average") << "  01 03 05 07 09 11 13  " << 0 << 4;
+    // Signs, decimals, exponents and long digit runs go to the general
+    // conversion: 4.5 is 4, and ten digits beyond 32 bits are no number.
+    QTest::newRow("other number forms") << "+4 4.5 1e1 -3 x 0000000012 7" << 5 << 5;
+    QTest::newRow("nine digits, ten digits") << "999999999 01 03 05 07 09 2147483648" << 1 << 142857146;
 }
 
 void ForecastCoreTest::evenCountAndAverage()

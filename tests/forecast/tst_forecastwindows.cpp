@@ -1,6 +1,7 @@
 #include "forecast/forecastbet.h"
 #include "forecast/forecastfilter.h"
 #include "forecast/forecastnormal.h"
+#include "forecast/historycheck.h"
 #include "forecast/resultoutput.h"
 #include "forecast/richtextbox.h"
 #include "forecasthelpers.h"
@@ -93,6 +94,8 @@ private slots:
     void runsFillTheBoxAndItsButtonsWorkOnIt();
     void highestCountRunsWithItsNoticeShownAndItsButtonBlocked();
     void betFillsText3FromTheLatestDraws();
+    void historyCheckReadsTheConditionsAtThePress_data();
+    void historyCheckReadsTheConditionsAtThePress();
 };
 
 void ForecastWindowsTest::boxInsertsAtTheCaret_data()
@@ -309,6 +312,71 @@ void ForecastWindowsTest::betFillsText3FromTheLatestDraws()
     w.history.removeAt(0);
     click(fill);
     QCOMPARE(w.app.process.exitCodes, QList<int>{1});
+}
+
+void ForecastWindowsTest::historyCheckReadsTheConditionsAtThePress_data()
+{
+    QTest::addColumn<QString>("kind");
+    QTest::addColumn<QString>("numbers"); // Text3 and the bet count, where the window has them
+    QTest::addColumn<QString>("betCount");
+    QTest::addColumn<int>("groups"); // that pass, the first draw with them; -1: the list's message
+    QTest::addColumn<QString>("rewritten"); // Text3 as the check read it
+    // The ranges leave the one group of the first draw; the second draw is out of them.
+    QTest::newRow("general") << "ForecastNormal" << "" << "" << 1 << "";
+    // The list's check takes tokens out of the ranges' texts; the draw rule
+    // finds "09" anywhere in the text.
+    QTest::newRow("filter: 09 forbidden by the draw rule only") << "ForecastFilter" << "x09" << "" << 0 << "x09";
+    QTest::newRow("filter: the range of ball 2 forbidden") << "ForecastFilter" << "09" << "" << -1 << "09";
+    // Read as typed, "3" and "2" would both be found in the group.
+    QTest::newRow("bet: the numbers as the run reads them") << "ForecastBet" << "3 2" << "1个" << 1 << "03 02";
+}
+
+void ForecastWindowsTest::historyCheckReadsTheConditionsAtThePress()
+{
+    QFETCH(QString, kind);
+    QFETCH(QString, numbers);
+    QFETCH(QString, betCount);
+    QFETCH(int, groups);
+    QFETCH(QString, rewritten);
+    Forecast w(kind, {"03 09 17 20 27 30 05 00", "01 05 09 12 20 33 07 00"});
+    QVERIFY(QTest::qWaitForWindowActive(w.form.get()));
+    const QList<int> reds{3, 9, 17, 20, 27, 30};
+    std::ranges::copy(reds, w.app.context.ranges.BallMin.begin());
+    std::ranges::copy(reds, w.app.context.ranges.BallMax.begin());
+    if (w.text3())
+        w.text3()->setText(numbers);
+    if (w.betCount())
+        w.betCount()->setCurrentText(betCount);
+    w.form->Check1->setChecked(true);
+    w.form->RichTextBox1->setText(QStringLiteral("earlier\r\n"));
+    QPushButton* check = w.form->historyCheckButton;
+    QVERIFY(check->y() > w.form->Command5->geometry().bottom() && w.form->rect().contains(check->geometry()));
+
+    // While events run the button waits, and what is typed meanwhile does
+    // not reach the check.
+    int looks = 0;
+    int wrong = 0;
+    QString text3 = w.text3() ? w.text3()->text() : QString();
+    QTimer watcher;
+    connect(&watcher, &QTimer::timeout, [&] {
+        wrong += check->isEnabled() ? 1 : 0;
+        if (looks++ == 0 && w.text3())
+            text3 = w.text3()->text(), w.text3()->clear();
+    });
+    watcher.start(0);
+    click(check);
+    watcher.stop();
+    const bool reported = groups >= 0;
+    const QString report = reported ? historycheck::reportText({2, groups, 2, groups}, groups, true)
+                                    : QStringLiteral("“红色球不允许出现的号码”设置不合理，或者1-6号球设置的范围不合理！");
+    QCOMPARE(looks, reported ? 28 : 0);
+    QCOMPARE(wrong, 0);
+    QVERIFY(check->isEnabled());
+    QCOMPARE(w.app.messages.shown.size(), 1);
+    QCOMPARE(w.app.messages.shown[0].icon, reported ? MessageIcon::Information : MessageIcon::Critical);
+    QCOMPARE(w.app.messages.shown[0].text, report);
+    QCOMPARE(w.box(), QStringLiteral("earlier\r\n"));
+    QCOMPARE(reported || !w.text3() ? text3 : w.text3()->text(), rewritten);
 }
 
 WINDOW_TEST_MAIN(ForecastWindowsTest)
