@@ -14,9 +14,12 @@ namespace {
 const QString blank = QStringLiteral(" ");
 const QString colon = QStringLiteral(":");
 
-struct Ordered {
-    qint32 issue;
-    int row;
+// A row that holds a draw, as read, before the draws are put in order.
+struct Parsed {
+    qint32 issueNumber;
+    QString issue;
+    std::array<int, 6> reds;
+    int blue;
 };
 
 // The indicators that the six reds give by themselves.
@@ -102,12 +105,10 @@ bool parseGroup(const QString& group, std::array<int, 6>& reds, int& blue)
 Chart build(const DrawHistory& history)
 {
     Chart chart;
-    std::vector<Ordered> order;
-    std::vector<Draw> parsed;
-    order.reserve(size_t(history.count()));
+    std::vector<Parsed> parsed;
     parsed.reserve(size_t(history.count()));
     for (int row = 0; row < history.count(); ++row) {
-        Draw draw;
+        Parsed draw;
         if (!parseGroup(history.subItem(row, DrawHistory::GroupSubItem), draw.reds, draw.blue)) {
             ++chart.incompleteRows;
             continue;
@@ -118,15 +119,19 @@ Chart build(const DrawHistory& history)
             ++chart.badIssueRows;
             continue;
         }
-        order.push_back({*issue, int(parsed.size())});
+        draw.issueNumber = *issue;
         parsed.push_back(std::move(draw));
     }
-    std::stable_sort(order.begin(), order.end(), [](const Ordered& a, const Ordered& b) { return a.issue < b.issue; });
+    std::stable_sort(parsed.begin(), parsed.end(),
+                     [](const Parsed& a, const Parsed& b) { return a.issueNumber < b.issueNumber; });
 
-    chart.draws.reserve(order.size());
+    chart.draws.resize(parsed.size());
     std::array<qint32, numberCount> omission{};
-    for (const Ordered& next : order) {
-        Draw& draw = parsed[size_t(next.row)];
+    for (size_t i = 0; i < parsed.size(); ++i) {
+        Draw& draw = chart.draws[i];
+        draw.issue = std::move(parsed[i].issue);
+        draw.reds = parsed[i].reds;
+        draw.blue = parsed[i].blue;
         for (qint32& value : omission)
             ++value;
         for (int red : draw.reds)
@@ -134,12 +139,11 @@ Chart build(const DrawHistory& history)
         omission[size_t(redCount + draw.blue - 1)] = 0;
         draw.omission = omission;
         measure(draw);
-        if (!chart.draws.empty()) {
-            const Draw& before = chart.draws.back();
+        if (i > 0) {
+            const Draw& before = chart.draws[i - 1];
             for (int red : draw.reds)
                 draw.repeats += before.has(red - 1) ? 1 : 0;
         }
-        chart.draws.push_back(std::move(draw));
     }
     return chart;
 }
