@@ -107,6 +107,7 @@ TrendChartWindow::TrendChartWindow(AppContext& context, const DrawHistory& histo
         m_context.runEvent([&] { showDrawCount(entry); });
     });
 
+    layout()->activate();
     resize(preferredSize());
 }
 
@@ -150,6 +151,9 @@ void TrendChartWindow::buildControls()
 
     pickLabel = controls::label(this, "pickLabel", QString());
     pickLabel->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    // A long pick may be cut where the window is narrow: it never widens the
+    // window, and the copy holds it whole.
+    pickLabel->setMinimumWidth(pickLabel->fontMetrics().horizontalAdvance(QStringLiteral("01 02 03 04 05 06 + 01")));
     betsLabel = controls::label(this, "betsLabel", QString());
     copyButton = controls::button(this, "copyButton", QStringLiteral("复制选号"));
     copyButton->setAutoDefault(false);

@@ -34,6 +34,7 @@ public:
 
     TrendModel* chartModel() const { return m_model; }
     TrendFooterModel* footerModel() const { return m_footerModel; }
+    const TrendLook& look() const { return m_look; }
 
     QComboBox* drawCountList;
     QCheckBox* omissionTick;
