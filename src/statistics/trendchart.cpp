@@ -14,6 +14,18 @@ namespace {
 const QString blank = QStringLiteral(" ");
 const QString colon = QStringLiteral(":");
 
+// The program's whole-number conversion, for texts of a sensible length: a
+// mistyped cell of millions of digits would take seconds to convert, and no
+// issue or ball is written with more than a few.
+constexpr qsizetype longestNumber = 64;
+
+std::optional<qint32> wholeNumber(const QString& text)
+{
+    if (text.size() > longestNumber)
+        return std::nullopt;
+    return textrules::toWhole(text);
+}
+
 // A row that holds a draw, as read, before the draws are put in order.
 struct Parsed {
     qint32 issueNumber;
@@ -83,18 +95,24 @@ QString Draw::indicatorText(int indicator) const
 
 bool parseGroup(const QString& group, std::array<int, 6>& reds, int& blue)
 {
-    const QStringList tokens = textrules::split(textrules::trim(group), blank);
+    // Only the first seven tokens count: the text behind them is not split,
+    // however long it is.
+    const QString trimmed = textrules::trim(group);
+    qsizetype end = -1;
+    for (int token = 0; token < 7 && (token == 0 || end >= 0); ++token)
+        end = trimmed.indexOf(blank, end + 1);
+    const QStringList tokens = textrules::split(end < 0 ? trimmed : trimmed.left(end), blank);
     if (tokens.size() < 7)
         return false;
     std::bitset<redCount + 1> seen;
     for (size_t i = 0; i < reds.size(); ++i) {
-        const std::optional<qint32> red = textrules::toWhole(tokens[qsizetype(i)]);
+        const std::optional<qint32> red = wholeNumber(tokens[qsizetype(i)]);
         if (!red || *red < 1 || *red > redCount || seen.test(size_t(*red)))
             return false;
         seen.set(size_t(*red));
         reds[i] = *red;
     }
-    const std::optional<qint32> drawnBlue = textrules::toWhole(tokens[6]);
+    const std::optional<qint32> drawnBlue = wholeNumber(tokens[6]);
     if (!drawnBlue || *drawnBlue < 1 || *drawnBlue > blueCount)
         return false;
     blue = *drawnBlue;
@@ -114,7 +132,7 @@ Chart build(const DrawHistory& history)
             continue;
         }
         draw.issue = textrules::trim(history.text(row));
-        const std::optional<qint32> issue = textrules::toWhole(draw.issue);
+        const std::optional<qint32> issue = wholeNumber(draw.issue);
         if (!issue) {
             ++chart.badIssueRows;
             continue;

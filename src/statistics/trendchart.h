@@ -7,7 +7,8 @@
 //
 // A row of the history counts as a draw when its issue number is a whole
 // number and its number group holds six distinct reds of 1 to 33 and a blue
-// of 1 to 16; any other row is left out and counted. Draws are ordered by the
+// of 1 to 16; any other row is left out and counted. A text of more than 64
+// characters is taken for mistyped and is no number here. Draws are ordered by the
 // issue number as a whole number; equal numbers keep the list's order. The
 // omissions run over all draws from the first one, so that the newest N draws
 // show the true values from their first row on.

@@ -10,6 +10,8 @@
 
 namespace {
 
+constexpr int longestText = 32;
+
 const QColor paper(0xff, 0xff, 0xff);
 const QColor middleZonePaper(0xfd, 0xf1, 0xef);
 const QColor bluePaper(0xee, 0xf4, 0xfd);
@@ -161,7 +163,9 @@ void TrendLook::paintCell(QPainter& painter, const QRect& cell, const QModelInde
 {
     const int column = index.column();
     const auto kind = TrendCell(index.data(trendroles::CellKind).toInt());
-    const QString text = index.data(Qt::DisplayRole).toString();
+    // No cell has room for more than a few characters; a mistyped issue of
+    // any length is cut before it is laid out.
+    const QString text = index.data(Qt::DisplayRole).toString().left(longestText);
     painter.fillRect(cell, selected ? selectedPaper : paperOf(column));
 
     painter.save();

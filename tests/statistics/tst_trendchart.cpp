@@ -244,8 +244,11 @@ void TrendChartTest::numberGroups_data()
     QTest::newRow("eight tokens") << "08 09 17 25 27 32 06 15" << "08 09 17 25 27 32 06";
     QTest::newRow("seven tokens, blanks around") << " 08 09 17 25 27 32 06 " << "08 09 17 25 27 32 06";
     QTest::newRow("reds in any order, one digit") << "32 8 17 09 27 25 6" << "08 09 17 25 27 32 06";
+    QTest::newRow("what follows the blue is not read") << "01 02 03 04 05 06 07 zz 99" << "01 02 03 04 05 06 07";
     QTest::newRow("a fraction is rounded, half to even") << "01 02 03 04 05 06 7.5" << "01 02 03 04 05 06 08";
     QTest::newRow("2.5 rounds to 2: a red twice") << "01 02 2.5 04 05 06 07" << "";
+    QTest::newRow("a red of 64 characters") << QString(62, '0') + "01 02 03 04 05 06 07" << "01 02 03 04 05 06 07";
+    QTest::newRow("one of 65 is taken for mistyped") << QString(63, '0') + "01 02 03 04 05 06 07" << "";
     QTest::newRow("no blue") << "01 02 03 04 05 06" << "";
     QTest::newRow("red 34") << "01 02 03 04 05 34 07" << "";
     QTest::newRow("red 00") << "00 02 03 04 05 06 07" << "";
