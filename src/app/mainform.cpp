@@ -27,6 +27,7 @@
 #include "statistics/perball.h"
 #include "statistics/qiuhaonoshow.h"
 #include "statistics/sevenball.h"
+#include "statistics/trendchartwindow.h"
 #include "windowkit/appcontext.h"
 #include "windowkit/controls.h"
 #include "windowkit/screencentre.h"
@@ -238,6 +239,7 @@ void MainForm::buildMenus()
     menu号码组过滤 = addEntry(menu预测与过滤, QStringLiteral("号码组过滤"), &MainForm::menu号码组过滤_Click);
 
     menu分析 = bar->addMenu(QStringLiteral("分析(&A)"));
+    menu基本走势图 = addEntry(menu分析, QStringLiteral("基本走势图"), &MainForm::menu基本走势图_Click);
     menu中奖查询 = addEntry(menu分析, QStringLiteral("中奖查询"), &MainForm::menu中奖查询_Click);
 
     menu帮助 = bar->addMenu(QStringLiteral("帮助(&H)"));
@@ -549,6 +551,12 @@ void MainForm::menu号码组过滤_Click()
 void MainForm::menu中奖查询_Click()
 {
     PrizeCheckWindow window(m_context, m_history, QString(), this);
+    window.exec();
+}
+
+void MainForm::menu基本走势图_Click()
+{
+    TrendChartWindow window(m_context, m_history, this);
     window.exec();
 }
 

@@ -76,6 +76,7 @@ public:
     void menu投注式预测_Click();
     void menu除3余数预测_Click();
     void menu号码组过滤_Click();
+    void menu基本走势图_Click();
     void menu中奖查询_Click();
     void menu关于_Click();
     void menu软件使用方法_Click();
@@ -144,6 +145,7 @@ public:
     // The player's analyses that go beyond the statistics: each entry opens
     // its window modally, like every other window.
     QMenu* menu分析;
+    QAction* menu基本走势图;
     QAction* menu中奖查询;
     QMenu* menu帮助;
     QAction* menu关于;

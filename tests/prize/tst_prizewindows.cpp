@@ -47,7 +47,7 @@ void PrizeWindowsTest::menuEntryChecksTypedBetsAgainstADrawOrAll()
 {
     StartedMainForm started({"2026064*=*01 09 15 18 29 33 15 00*=*01", "2026066*=*05 11 21 23 24 29 16 00*=*05",
                              "2026065*=*07 08 16 24 30 32 02 00*=*07", "2026067*=*05 11 21 23 24*=*05"});
-    QCOMPARE(started.form.menu分析->actions(), QList<QAction*>{started.form.menu中奖查询});
+    QCOMPARE(started.form.menu分析->actions().value(1), started.form.menu中奖查询);
     QStringList seen;
     whenWindowShown<PrizeCheckWindow>([&](PrizeCheckWindow* window) {
         seen << window->windowTitle() + QString::number(window->minimumSize() != window->maximumSize())
