@@ -2,6 +2,7 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QEvent>
 #include <QFontMetrics>
 #include <QLabel>
 #include <QPushButton>
@@ -19,13 +20,52 @@ Control* placed(Control* control, const char* name, const QRect& geometry)
     return control;
 }
 
+// The height that a caption's text takes in its font, laid out as the caption
+// lays it out: the line boxes of its font and of the faces that stand in for
+// the characters it lacks, such as the Chinese ones.
+int textHeight(const QLabel* label)
+{
+    const QMargins margins = label->contentsMargins();
+    const QRect room(0, 0, QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
+    return QFontMetrics(label->font()).boundingRect(room, int(label->alignment()), label->text()).height()
+           + 2 * label->margin() + margins.top() + margins.bottom();
+}
+
+// A caption lower than its text would lose the bottom of its characters:
+// it grows to the height its font needs, top and left kept.
+void keepTextHeight(QLabel* label)
+{
+    const int need = textHeight(label);
+    if (label->height() < need)
+        label->resize(label->width(), need);
+}
+
+// Grows a placed caption again when its font changes after it was placed.
+class TextHeightKeeper final : public QObject {
+public:
+    using QObject::QObject;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (event->type() == QEvent::FontChange)
+            keepTextHeight(static_cast<QLabel*>(watched));
+        return false;
+    }
+};
+
 } // namespace
 
 QLabel* label(QWidget* parent, const char* name, const QString& text, const QRect& geometry)
 {
     auto* control = new QLabel(text, parent);
     control->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    return placed(control, name, geometry);
+    placed(control, name, geometry);
+    if (geometry.isValid()) {
+        keepTextHeight(control);
+        control->installEventFilter(new TextHeightKeeper(control));
+    }
+    return control;
 }
 
 QPushButton* button(QWidget* parent, const char* name, const QString& text, const QRect& geometry)
