@@ -1,4 +1,5 @@
 #include "app/mainform.h"
+#include "history/historyfile.h"
 #include "online/updatecheck.h"
 #include "platform/appinfo.h"
 #include "platform/osname.h"
@@ -38,8 +39,13 @@ int main(int argc, char* argv[])
     SystemClock clock;
     SystemProcessControl process;
 
-    const QString programFolder = programfolder::choose(
-        QCoreApplication::applicationDirPath(), QStandardPaths::writableLocation(QStandardPaths::AppDataLocation));
+    // Installed, the history lives in ~/.local/share/chengchuan/, named like
+    // the executable and the settings' folder; earlier versions kept it in a
+    // folder named after the title.
+    const QDir dataHome(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation));
+    const QString programFolder =
+        programfolder::choose(QCoreApplication::applicationDirPath(), dataHome.filePath(appinfo::exeName()),
+                              dataHome.filePath(appinfo::title()), historyfile::fileName);
     AppContext context(programFolder, settings, messages, clipboard, launcher, fileDialogs,
                        random, clock, process, SiteAddresses());
     context.startup.getOSName = [] { return osname::GetOSName(); };
