@@ -31,27 +31,42 @@ int textHeight(const QLabel* label)
            + 2 * label->margin() + margins.top() + margins.bottom();
 }
 
-// A caption lower than its text would lose the bottom of its characters:
-// it grows to the height its font needs, top and left kept.
-void keepTextHeight(QLabel* label)
-{
-    const int need = textHeight(label);
-    if (label->height() < need)
-        label->resize(label->width(), need);
-}
-
-// Grows a placed caption again when its font changes after it was placed.
+// Keeps a placed caption as high as its text needs in its font, now and
+// after a change of font: a caption placed lower would lose the bottom of its
+// characters. It grows from its designed top and left. The part it grows by
+// may reach over the control placed below it, made later and so lying in
+// front: once shown, a grown caption comes to the front, and lets the mouse
+// through to what lies under it.
 class TextHeightKeeper final : public QObject {
 public:
-    using QObject::QObject;
+    explicit TextHeightKeeper(QLabel* label) : QObject(label), m_label(label), m_designedHeight(label->height())
+    {
+        fit();
+        label->installEventFilter(this);
+    }
 
 protected:
-    bool eventFilter(QObject* watched, QEvent* event) override
+    bool eventFilter(QObject*, QEvent* event) override
     {
         if (event->type() == QEvent::FontChange)
-            keepTextHeight(static_cast<QLabel*>(watched));
+            fit();
+        else if (event->type() == QEvent::Show && m_label->height() > m_designedHeight)
+            m_label->raise();
         return false;
     }
+
+private:
+    void fit()
+    {
+        const int need = textHeight(m_label);
+        if (m_label->height() >= need)
+            return;
+        m_label->resize(m_label->width(), need);
+        m_label->setAttribute(Qt::WA_TransparentForMouseEvents);
+    }
+
+    QLabel* m_label;
+    int m_designedHeight;
 };
 
 } // namespace
@@ -61,10 +76,8 @@ QLabel* label(QWidget* parent, const char* name, const QString& text, const QRec
     auto* control = new QLabel(text, parent);
     control->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     placed(control, name, geometry);
-    if (geometry.isValid()) {
-        keepTextHeight(control);
-        control->installEventFilter(new TextHeightKeeper(control));
-    }
+    if (geometry.isValid())
+        new TextHeightKeeper(control);
     return control;
 }
 
