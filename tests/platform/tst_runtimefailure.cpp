@@ -1,9 +1,25 @@
 #include "fakes.h"
 #include "platform/runtimefailure.h"
+#include "platform/systemservices.h"
 
 #include <QtTest>
 
+#include <cstdio>
 #include <functional>
+
+namespace {
+
+// Set in the environment of the child that processEndsAfterItsLastStep starts.
+const char* const childVariable = "CHENGCHUAN_END_IN_CHILD";
+
+[[noreturn]] void endAsChild()
+{
+    SystemProcessControl process([] { std::fputs("handed over\n", stdout); });
+    std::fputs("saved\n", stdout);
+    process.endProcess(7);
+}
+
+} // namespace
 
 using Routine = std::function<void()>;
 Q_DECLARE_METATYPE(Routine)
@@ -14,6 +30,7 @@ class RuntimeFailureTest : public QObject {
 private slots:
     void unhandledFailureReportsAndEnds_data();
     void unhandledFailureReportsAndEnds();
+    void processEndsAfterItsLastStep();
 };
 
 void RuntimeFailureTest::unhandledFailureReportsAndEnds_data()
@@ -42,5 +59,29 @@ void RuntimeFailureTest::unhandledFailureReportsAndEnds()
     QCOMPARE(process.exitCodes, report.isEmpty() ? QList<int>{} : QList<int>{1});
 }
 
-QTEST_GUILESS_MAIN(RuntimeFailureTest)
+void RuntimeFailureTest::processEndsAfterItsLastStep()
+{
+    // The real end of the process, in a child: the last step (the running
+    // program's hand-over of the clipboard) comes first, and what was written
+    // before reaches its reader.
+    QProcess child;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QString::fromLatin1(childVariable), QStringLiteral("1"));
+    child.setProcessEnvironment(environment);
+    child.start(QCoreApplication::applicationFilePath(), {});
+    QVERIFY(child.waitForFinished());
+    QCOMPARE(child.exitStatus(), QProcess::NormalExit);
+    QCOMPARE(child.exitCode(), 7);
+    QCOMPARE(child.readAllStandardOutput(), QByteArray("saved\nhanded over\n"));
+}
+
+int main(int argc, char* argv[])
+{
+    if (qEnvironmentVariableIsSet(childVariable))
+        endAsChild();
+    QCoreApplication application(argc, argv);
+    RuntimeFailureTest test;
+    QTEST_SET_MAIN_SOURCE_PATH
+    return QTest::qExec(&test, argc, argv);
+}
 #include "tst_runtimefailure.moc"
