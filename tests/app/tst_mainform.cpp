@@ -305,15 +305,16 @@ void MainFormTest::menuEntries()
                                       form.menu除3余数预测}));
 
     QStringList opened;
-    for (QAction* entry : {form.menu一般性预测, form.menu过滤式预测, form.menu投注式预测, form.menu统计最近未开奖红色球球号,
-                           form.menu关于}) {
+    for (QAction* entry : {form.menu设置, form.menu查看设置, form.menu一般性预测, form.menu过滤式预测, form.menu投注式预测,
+                           form.menu统计最近未开奖红色球球号, form.menu关于}) {
         whenModalShown([&](QWidget* window) {
             opened << window->objectName() + (window->isModal() ? "" : " modeless");
             window->close();
         });
         entry->trigger();
     }
-    QCOMPARE(opened, (QStringList{"ForecastNormal", "ForecastFilter", "ForecastBet", "qiuhaonoshow", "About"}));
+    QCOMPARE(opened, (QStringList{"OptionForm", "Form6Qiu", "ForecastNormal", "ForecastFilter", "ForecastBet",
+                                  "qiuhaonoshow", "About"}));
 
     form.menu最新福彩资料->trigger();
     form.menu作者网站和其他软件->trigger();
