@@ -2,24 +2,6 @@
 
 #include <QtTest>
 
-namespace {
-
-QByteArray contents(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-void put(const QString& path, const QByteArray& bytes)
-{
-    QDir().mkpath(QFileInfo(path).path());
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(bytes);
-}
-
-} // namespace
-
 class ProgramFolderTest : public QObject {
     Q_OBJECT
 
@@ -31,19 +13,16 @@ private slots:
 void ProgramFolderTest::choose_data()
 {
     QTest::addColumn<bool>("marker");
-    QTest::addColumn<QByteArray>("former"); // the history in the former data folder, empty for none
+    QTest::addColumn<QByteArray>("former"); // the history in the former data folder
     QTest::addColumn<QByteArray>("current"); // in the data folder; "blocked": a file stands in its place
     QTest::addColumn<QString>("chosen");
     QTest::addColumn<QByteArray>("history"); // the chosen folder's afterwards
-    QTest::addColumn<bool>("formerLeft");
-    QTest::newRow("build tree") << true << QByteArray("old") << QByteArray() << "bin" << QByteArray() << true;
-    QTest::newRow("first start") << false << QByteArray() << QByteArray() << "chengchuan" << QByteArray() << false;
-    QTest::newRow("moved once") << false << QByteArray("old") << QByteArray() << "chengchuan" << QByteArray("old")
-                                << false;
+    QTest::newRow("build tree") << true << QByteArray("old") << QByteArray() << "bin" << QByteArray();
+    QTest::newRow("moved once") << false << QByteArray("old") << QByteArray() << "chengchuan" << QByteArray("old");
     QTest::newRow("a history of its own") << false << QByteArray("old") << QByteArray("new") << "chengchuan"
-                                          << QByteArray("new") << true;
+                                          << QByteArray("new");
     QTest::newRow("can't be moved: read where it is")
-        << false << QByteArray("old") << QByteArray("blocked") << "澄川号码分析台" << QByteArray("old") << true;
+        << false << QByteArray("old") << QByteArray("blocked") << "澄川号码分析台" << QByteArray("old");
 }
 
 void ProgramFolderTest::choose()
@@ -53,28 +32,27 @@ void ProgramFolderTest::choose()
     QFETCH(QByteArray, current);
     QFETCH(QString, chosen);
     QFETCH(QByteArray, history);
-    QFETCH(bool, formerLeft);
     QTemporaryDir root;
-    const QString executable = root.filePath("bin");
-    const QString data = root.filePath("share/chengchuan");
-    const QString formerData = root.filePath("share/澄川号码分析台");
-    QVERIFY(QDir().mkpath(executable));
-    if (marker)
-        put(QDir(executable).filePath(programfolder::buildTreeMarker), {});
-    if (!former.isEmpty())
-        put(QDir(formerData).filePath("list.ocd"), former);
-    if (current == "blocked")
-        put(data, current);
-    else if (!current.isEmpty())
-        put(QDir(data).filePath("list.ocd"), current);
+    const QDir dir(root.path());
+    const auto put = [&](const QString& path, const QByteArray& bytes) {
+        QVERIFY(dir.mkpath(QFileInfo(dir.filePath(path)).path()));
+        QFile file(dir.filePath(path));
+        QVERIFY(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
+    };
+    put(QStringLiteral("bin/") + (marker ? programfolder::buildTreeMarker : QStringLiteral("chengchuan")), {});
+    put("share/澄川号码分析台/list.ocd", former);
+    if (!current.isEmpty())
+        put(current == "blocked" ? "share/chengchuan" : "share/chengchuan/list.ocd", current);
 
-    const QString answer = programfolder::choose(executable, data, formerData, QStringLiteral("list.ocd"));
+    const QString answer = programfolder::choose(dir.filePath("bin"), dir.filePath("share/chengchuan"),
+                                                 dir.filePath("share/澄川号码分析台"), QStringLiteral("list.ocd"));
     QCOMPARE(QFileInfo(answer).fileName(), chosen);
-    QVERIFY(QFileInfo(answer).isDir()); // the data folder made with its parents
-    QCOMPARE(contents(QDir(answer).filePath("list.ocd")), history);
-    QCOMPARE(QFileInfo::exists(formerData), formerLeft);
-    if (formerLeft)
-        QCOMPARE(contents(QDir(formerData).filePath("list.ocd")), former);
+    QFile chosenHistory(QDir(answer).filePath("list.ocd"));
+    QCOMPARE(chosenHistory.open(QIODevice::ReadOnly) ? chosenHistory.readAll() : QByteArray(), history);
+    // The former history stays where it is unless it was moved, and then its folder goes.
+    const bool moved = answer.endsWith("share/chengchuan") && current.isEmpty();
+    QCOMPARE(QFileInfo::exists(dir.filePath("share/澄川号码分析台")), !moved);
+    QVERIFY(QFileInfo(dir.filePath("share/chengchuan")).isDir() != (current == "blocked" || marker));
 }
 
 QTEST_GUILESS_MAIN(ProgramFolderTest)

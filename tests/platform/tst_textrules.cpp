@@ -92,8 +92,6 @@ void TextRulesTest::numbers_data()
     QTest::addColumn<Whole>("whole"); // the whole-number conversion
     const Number none;
     const Whole fails;
-    QTest::newRow("digits") << "12" << Number(12) << Whole(12);
-    QTest::newRow("blanks around") << "  12 " << Number(12) << Whole(12);
     QTest::newRow("minus") << "-3" << Number(-3) << Whole(-3);
     QTest::newRow("grouping comma") << "1,000" << Number(1000) << Whole(1000);
     QTest::newRow("point first, half of zero") << ".5" << Number(0.5) << Whole(0);
@@ -110,10 +108,9 @@ void TextRulesTest::numbers_data()
     QTest::newRow("overflow by rounding") << "2147483647.5" << Number(2147483647.5) << fails;
     QTest::newRow("nine digits and a letter") << "12345678a" << none << fails;
     QTest::newRow("empty") << "" << none << fails;
-    QTest::newRow("inner blank") << "08 09" << none << fails;
     // White space around the number, of every kind, never inside it.
     const std::pair<const char*, QString> spaces[] = {
-        {"tab", "\t"}, {"LF", "\n"}, {"CR", "\r"}, {"VT", "\v"}, {"FF", "\f"},
+        {"blank", " "}, {"tab", "\t"}, {"LF", "\n"}, {"CR", "\r"}, {"VT", "\v"}, {"FF", "\f"},
         {"no-break space", QStringLiteral("\u00A0")}, {"ideographic space", QStringLiteral("\u3000")}};
     for (const auto& [kind, space] : spaces) {
         QTest::addRow("%s before", kind) << space + "12" << Number(12) << Whole(12);
@@ -138,29 +135,21 @@ void TextRulesTest::numbers()
 
 void TextRulesTest::whiteSpaceAroundOnly()
 {
-    // Unicode's White_Space, written out, and characters that only look blank.
+    // Unicode's White_Space written out, and characters that only look blank.
     const QString space = QStringLiteral("\t\n\v\f\r \u0085\u00A0\u1680\u2000\u2001\u2002\u2003\u2004\u2005"
                                          "\u2006\u2007\u2008\u2009\u200A\u2028\u2029\u202F\u205F\u3000");
     const QString other = QStringLiteral("\u0001\u001C\u200B\u2060\uFEFF\u00AD\u180Ex");
     const QStringList cores{"12", "-3", "1,000", ".5", "25E-1", "1e", "", "x"};
     QRandomGenerator random(17);
-    const auto pick = [&](const QString& from) { return from[random.bounded(int(from.size()))]; };
     for (int i = 0; i < 5000; ++i) {
-        QString pads[3];
-        bool clean = true;
-        for (QString& pad : pads) {
-            for (int n = random.bounded(3); n > 0; --n) {
-                const bool white = random.bounded(4) != 0;
-                pad += pick(white ? space : other);
-                clean = clean && white;
-            }
-        }
+        // Around the number, or inside it where `at` cuts it in two.
         const QString core = cores[random.bounded(int(cores.size()))];
-        // The middle pad goes inside the number when the core has two halves.
-        const qsizetype middle = core.size() / 2;
-        const QString text = pads[0] + core.left(middle) + pads[1] + core.mid(middle) + pads[2];
-        const Number expected = clean && (pads[1].isEmpty() || core.size() < 2) ? toNumber(core) : Number();
-        QVERIFY2(toNumber(text) == expected, qPrintable(text.toUtf8().toPercentEncoding()));
+        const qsizetype at = random.bounded(int(core.size()) + 1);
+        const bool white = random.bounded(4) != 0;
+        const QString& kinds = white ? space : other;
+        const QString pad(random.bounded(1, 3), kinds[random.bounded(int(kinds.size()))]);
+        const Number expected = white && (at == 0 || at == core.size()) ? toNumber(core) : Number();
+        QCOMPARE(toNumber(core.left(at) + pad + core.mid(at)), expected);
     }
 }
 
