@@ -14,6 +14,7 @@ packages=(
   g++ cmake ninja-build pkg-config
   qt6-base-dev qt6-base-dev-tools libqt6opengl6-dev qt6-charts-dev qt6-qpa-plugins libgl-dev
   libgumbo-dev fonts-noto-cjk qt6-translations-l10n desktop-file-utils
+  dpkg-dev file lintian appstream
 )
 missing=()
 for package in "${packages[@]}"; do

@@ -1,4 +1,5 @@
 #include "app/mainform.h"
+#include "history/historyfile.h"
 #include "online/updatecheck.h"
 #include "platform/appinfo.h"
 #include "platform/osname.h"
@@ -14,14 +15,19 @@
 #include <QDir>
 #include <QStandardPaths>
 
+#include <memory>
+
 int main(int argc, char* argv[])
 {
-    QApplication application(argc, argv);
+    // The process ends only through `process`, which first hands the clipboard
+    // over to the desktop: that destroys the application object, so it is
+    // held where the hand-over can reach it.
+    auto application = std::make_unique<QApplication>(argc, argv);
     QApplication::setApplicationName(appinfo::title());
     QApplication::setApplicationVersion(
         QStringLiteral("%1.%2.%3").arg(appinfo::major).arg(appinfo::minor).arg(appinfo::revision));
-    programstyle::applyTo(application);
-    toolkitchinese::load(application);
+    programstyle::applyTo(*application);
+    toolkitchinese::load(*application);
     // The main window's unload ends the process. Until the main window shows,
     // a message of the start (the update check's) may be the only window that
     // closes, and that must not end the program.
@@ -36,10 +42,15 @@ int main(int argc, char* argv[])
     QtFileDialogs fileDialogs;
     SystemRandom random;
     SystemClock clock;
-    SystemProcessControl process;
+    SystemProcessControl process([&application] { handOverClipboard(application); });
 
-    const QString programFolder = programfolder::choose(
-        QCoreApplication::applicationDirPath(), QStandardPaths::writableLocation(QStandardPaths::AppDataLocation));
+    // Installed, the history lives in ~/.local/share/chengchuan/, named like
+    // the executable and the settings' folder; earlier versions kept it in a
+    // folder named after the title.
+    const QDir dataHome(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation));
+    const QString programFolder =
+        programfolder::choose(QCoreApplication::applicationDirPath(), dataHome.filePath(appinfo::exeName()),
+                              dataHome.filePath(appinfo::title()), historyfile::fileName);
     AppContext context(programFolder, settings, messages, clipboard, launcher, fileDialogs,
                        random, clock, process, SiteAddresses());
     context.startup.getOSName = [] { return osname::GetOSName(); };
@@ -50,5 +61,5 @@ int main(int argc, char* argv[])
 
     MainForm mainForm(context);
     mainForm.Form_Load();
-    return application.exec();
+    return QApplication::exec();
 }

@@ -62,7 +62,8 @@ public:
     virtual QDateTime now() const = 0;
 };
 
-// Ends the process at once: no window unloads, nothing more is saved.
+// Ends the process at once: no window unloads, nothing more is saved. Text
+// that the program put on the clipboard stays there for the desktop.
 class ProcessControl {
 public:
     virtual ~ProcessControl() = default;

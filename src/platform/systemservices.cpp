@@ -3,6 +3,7 @@
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
+#include <utility>
 
 #if defined(__x86_64__) || defined(__i386__)
 #include <x86intrin.h>
@@ -36,8 +37,14 @@ QDateTime SystemClock::now() const
     return QDateTime::currentDateTime();
 }
 
+SystemProcessControl::SystemProcessControl(std::function<void()> beforeEnd) : m_beforeEnd(std::move(beforeEnd))
+{
+}
+
 void SystemProcessControl::endProcess(int exitCode)
 {
+    if (m_beforeEnd)
+        m_beforeEnd();
     std::fflush(nullptr);
     std::_Exit(exitCode);
 }

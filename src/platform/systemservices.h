@@ -5,6 +5,7 @@
 #include "platform/services.h"
 
 #include <cstdint>
+#include <functional>
 
 class SystemClock final : public Clock {
 public:
@@ -13,7 +14,13 @@ public:
 
 class SystemProcessControl final : public ProcessControl {
 public:
+    // `beforeEnd` runs whenever the process ends, right before it goes: there
+    // the running program hands its clipboard over to the desktop.
+    explicit SystemProcessControl(std::function<void()> beforeEnd = {});
     [[noreturn]] void endProcess(int exitCode) override;
+
+private:
+    std::function<void()> m_beforeEnd;
 };
 
 // A 64-bit generator whose state Randomize stirs with a reading of the

@@ -15,11 +15,28 @@ bool isAsciiDigit(QChar c)
     return c >= QLatin1Char('0') && c <= QLatin1Char('9');
 }
 
+// The white space that the number test takes around a number: the characters
+// of Unicode's White_Space property, which is what QChar::isSpace tells. Tab,
+// line feed, vertical tab, form feed, carriage return, blank, U+0085, the
+// no-break space U+00A0, U+1680, U+2000 to U+200A, the line and paragraph
+// separators U+2028 and U+2029, U+202F, U+205F and the ideographic space U+3000
+// that a Chinese input method types. Inside a number none of them is taken.
+QStringView numberView(const QString& text)
+{
+    qsizetype begin = 0;
+    qsizetype end = text.size();
+    while (begin < end && text[begin].isSpace())
+        ++begin;
+    while (end > begin && text[end - 1].isSpace())
+        --end;
+    return QStringView(text).sliced(begin, end - begin);
+}
+
 // Reads the number grammar and gives the text in the form QString::toDouble
 // takes (grouping commas dropped), or nothing when the text is not a number.
 std::optional<QString> plainNumberText(const QString& text)
 {
-    const QString s = trim(text);
+    const QStringView s = numberView(text);
     const qsizetype n = s.size();
     qsizetype i = 0;
     QString out;
@@ -68,10 +85,10 @@ std::optional<QString> plainNumberText(const QString& text)
 }
 
 // The common case of a cell or token: a few plain digits, perhaps signed and
-// with blanks around. Nothing when the text is of any other form.
+// with white space around. Nothing when the text is of any other form.
 std::optional<double> plainDigits(const QString& text)
 {
-    const QString s = trim(text);
+    const QStringView s = numberView(text);
     qsizetype begin = 0;
     const qsizetype end = s.size();
     bool negative = false;

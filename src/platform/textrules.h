@@ -23,8 +23,11 @@ QStringList split(const QString& text, const QString& separator);
 // The same, as views into the text, for passes over long texts.
 QList<QStringView> splitView(QStringView text, QStringView separator);
 
-// The general number test: blanks around, a sign, grouping commas in the whole
-// part, a decimal point and an exponent are all taken.
+// The general number test: white space around (blanks, tabs, line breaks, the
+// no-break and the ideographic space: Unicode's White_Space), a sign,
+// grouping commas in the whole part, a decimal point and an exponent are all
+// taken. White space inside the number is not. The conversions below and
+// format00 rest on this test.
 bool isNumeric(const QString& text);
 
 // The value of a numeric text; nothing for a text that fails isNumeric or does

@@ -2,6 +2,7 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QEvent>
 #include <QFontMetrics>
 #include <QLabel>
 #include <QPushButton>
@@ -19,13 +20,65 @@ Control* placed(Control* control, const char* name, const QRect& geometry)
     return control;
 }
 
+// The height that a caption's text takes in its font, laid out as the caption
+// lays it out: the line boxes of its font and of the faces that stand in for
+// the characters it lacks, such as the Chinese ones.
+int textHeight(const QLabel* label)
+{
+    const QMargins margins = label->contentsMargins();
+    const QRect room(0, 0, QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
+    return QFontMetrics(label->font()).boundingRect(room, int(label->alignment()), label->text()).height()
+           + 2 * label->margin() + margins.top() + margins.bottom();
+}
+
+// Keeps a placed caption as high as its text needs in its font, now and
+// after a change of font: a caption placed lower would lose the bottom of its
+// characters. It grows from its designed top and left. The part it grows by
+// may reach over the control placed below it, made later and so lying in
+// front: once shown, a grown caption comes to the front, and lets the mouse
+// through to what lies under it.
+class TextHeightKeeper final : public QObject {
+public:
+    explicit TextHeightKeeper(QLabel* label) : QObject(label), m_label(label), m_designedHeight(label->height())
+    {
+        fit();
+        label->installEventFilter(this);
+    }
+
+protected:
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        if (event->type() == QEvent::FontChange)
+            fit();
+        else if (event->type() == QEvent::Show && m_label->height() > m_designedHeight)
+            m_label->raise();
+        return false;
+    }
+
+private:
+    void fit()
+    {
+        const int need = textHeight(m_label);
+        if (m_label->height() >= need)
+            return;
+        m_label->resize(m_label->width(), need);
+        m_label->setAttribute(Qt::WA_TransparentForMouseEvents);
+    }
+
+    QLabel* m_label;
+    int m_designedHeight;
+};
+
 } // namespace
 
 QLabel* label(QWidget* parent, const char* name, const QString& text, const QRect& geometry)
 {
     auto* control = new QLabel(text, parent);
     control->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    return placed(control, name, geometry);
+    placed(control, name, geometry);
+    if (geometry.isValid())
+        new TextHeightKeeper(control);
+    return control;
 }
 
 QPushButton* button(QWidget* parent, const char* name, const QString& text, const QRect& geometry)

@@ -17,7 +17,10 @@ class QWidget;
 
 namespace controls {
 
-// A caption, left-aligned and centred in its height.
+// A caption, left-aligned and centred in its height. Placed lower than its
+// text needs in its font, now or after a change of font, it grows to that
+// height, its top and left kept, and shows in front of the controls that it
+// then reaches over.
 QLabel* label(QWidget* parent, const char* name, const QString& text, const QRect& geometry = {});
 QPushButton* button(QWidget* parent, const char* name, const QString& text, const QRect& geometry = {});
 // A pick-only list.

@@ -91,6 +91,12 @@ QString QtClipboard::text() const
     return QGuiApplication::clipboard()->text();
 }
 
+void handOverClipboard(std::unique_ptr<QApplication>& application)
+{
+    if (application && QGuiApplication::clipboard()->ownsClipboard())
+        application.reset();
+}
+
 void QtDesktopLauncher::openAddress(const QString& address)
 {
     QDesktopServices::openUrl(QUrl(address, QUrl::TolerantMode));

@@ -5,6 +5,10 @@
 
 #include "platform/services.h"
 
+#include <memory>
+
+class QApplication;
+
 class QtMessageService final : public MessageService {
 public:
     void show(MessageIcon icon, const QString& text) override;
@@ -17,6 +21,16 @@ public:
     void setText(const QString& text) override;
     QString text() const override;
 };
+
+// Hands what the program put on the clipboard over to the desktop's clipboard
+// manager, so that it stays there when the process is gone. Qt does that when
+// the application object goes, as at a normal quit: on X11 its clipboard asks
+// the clipboard manager to save the contents (the SAVE_TARGETS request of the
+// clipboard manager convention) and waits, a few seconds at most, until the
+// manager has taken them. So this destroys `application` when the program
+// owns the clipboard, and does nothing otherwise. No window is closed or
+// unloaded by it; the process is to end right after.
+void handOverClipboard(std::unique_ptr<QApplication>& application);
 
 class QtDesktopLauncher final : public DesktopLauncher {
 public:

@@ -242,8 +242,15 @@ void MainFormTest::windowKeepsItsDesignedLayout()
     QVERIFY(QTest::qWaitForWindowExposed(&form));
     QCOMPARE(form.frameGeometry().center(), form.screen()->availableGeometry().center());
     QVERIFY(form.StatusBar1Panel(4)->geometry().right() < form.statusBar()->width() - 1); // apart from the edge
+    // Each caption shows its text whole, at least as high as its font needs, from its designed top left.
     for (QLabel* label : {form.Label1, form.Label6, form.Label4, form.Label2})
-        QVERIFY2(label->fontMetrics().horizontalAdvance(label->text()) <= label->width(), qPrintable(label->text()));
+        QVERIFY2(label->fontMetrics().horizontalAdvance(label->text()) <= label->width()
+                     && label->sizeHint().height() <= label->height()
+                     && label->visibleRegion() == QRegion(label->rect()),
+                 qPrintable(label->text()));
+    QCOMPARE(form.Label6->pos(), QPoint(263, 3));
+    // Where it reaches over the list, a click still goes to the list.
+    QVERIFY(form.ListView1->isAncestorOf(form.centralWidget()->childAt(form.Label6->geometry().bottomLeft())));
     for (QPushButton* button : {form.Command3, form.Command5, form.Command6, form.Command7, form.Command12})
         QVERIFY2(button->sizeHint().width() <= button->width() + 8, qPrintable(button->text()));
 
@@ -298,15 +305,16 @@ void MainFormTest::menuEntries()
                                       form.menu除3余数预测}));
 
     QStringList opened;
-    for (QAction* entry : {form.menu一般性预测, form.menu过滤式预测, form.menu投注式预测, form.menu统计最近未开奖红色球球号,
-                           form.menu关于}) {
+    for (QAction* entry : {form.menu设置, form.menu查看设置, form.menu一般性预测, form.menu过滤式预测, form.menu投注式预测,
+                           form.menu统计最近未开奖红色球球号, form.menu关于}) {
         whenModalShown([&](QWidget* window) {
             opened << window->objectName() + (window->isModal() ? "" : " modeless");
             window->close();
         });
         entry->trigger();
     }
-    QCOMPARE(opened, (QStringList{"ForecastNormal", "ForecastFilter", "ForecastBet", "qiuhaonoshow", "About"}));
+    QCOMPARE(opened, (QStringList{"OptionForm", "Form6Qiu", "ForecastNormal", "ForecastFilter", "ForecastBet",
+                                  "qiuhaonoshow", "About"}));
 
     form.menu最新福彩资料->trigger();
     form.menu作者网站和其他软件->trigger();

@@ -217,8 +217,15 @@ void ForecastWindowsTest::runsAndRefusalsKeepTheTexts()
     QVERIFY(!w.form->Check1->isChecked() && !w.form->Check2->isChecked());
     if (w.text3())
         QCOMPARE(w.text3()->text(), rewritten);
-    if (w.betCount())
+    if (w.betCount()) {
+        // The entries in their order; the store keeps the entry's place, not its text.
+        QStringList counts;
+        for (int i = 0; i < w.betCount()->count(); ++i)
+            counts << w.betCount()->itemText(i);
+        QCOMPARE(counts.join(' '), "1个 2个 3个 4个 5个 1-2个 1-3个 1-4个 1-5个 2-3个 2-4个 2-5个 3-4个 3-5个 4-5个");
+        QCOMPARE(w.app.context.settings.read("ForecastBet", "投注个数", ""), QString::number(counts.indexOf(betCount)));
         QCOMPARE(w.betCount()->currentText(), betCount);
+    }
 }
 
 void ForecastWindowsTest::runsFillTheBoxAndItsButtonsWorkOnIt()
@@ -280,6 +287,8 @@ void ForecastWindowsTest::highestCountRunsWithItsNoticeShownAndItsButtonBlocked(
     connect(&watcher, &QTimer::timeout, [&] {
         ++looks;
         wrong += !w.form->Label4->isVisible() || w.form->Command1->isEnabled();
+        if (looks == 6) // after the 5000th group: the list is read afresh for each red
+            w.text3()->setText(QStringLiteral("2 08,26,01"));
     });
     watcher.start(0);
     // The highest count, reached by rounding half to even.
@@ -293,6 +302,8 @@ void ForecastWindowsTest::highestCountRunsWithItsNoticeShownAndItsButtonBlocked(
     QCOMPARE(w.box().count(QStringLiteral("\r\n")), 10000);
     for (const QString& line : lines)
         QVERIFY2(hits(line, QStringLiteral("08 26")) == 0, qPrintable(line));
+    QVERIFY(lines.mid(0, 5000).filter(QRegularExpression(QStringLiteral("^01 "))).size() > 100);
+    QVERIFY(lines.mid(5000).filter(QRegularExpression(QStringLiteral("^01 "))).isEmpty());
     QVERIFY(!lines.filter(QRegularExpression(QStringLiteral("^(.. )*02 "))).isEmpty());
     QVERIFY(!lines.filter(QRegularExpression(QStringLiteral("  08$"))).isEmpty());
 }

@@ -101,6 +101,8 @@ void UXmlHttpTest::updateCheck_data()
     QTest::newRow("same") << "1.2.3" << 200 << QByteArray("1.2.3") << "" << 1;
     QTest::newRow("older minor") << "1.2.3" << 200 << QByteArray("1.1.9") << "" << 1;
     QTest::newRow("trimmed") << "1.2.3" << 200 << QByteArray("  1.3.0  ") << newer + "1.3.0" << 1;
+    QTest::newRow("a line saved by an editor: CR LF behind") << "1.2.3" << 200 << QByteArray("2.5.0\r\n")
+                                                             << newer + "2.5.0\r\n" << 1;
     QTest::newRow("two fields") << "1.2.3" << 200 << QByteArray("1.2") << "" << 1;
     QTest::newRow("four fields") << "1.2.3" << 200 << QByteArray("1.2.4.0") << "" << 1;
     QTest::newRow("not numeric") << "1.2.3" << 200 << QByteArray("1.x.3") << "" << 1;

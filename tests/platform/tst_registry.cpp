@@ -98,6 +98,7 @@ void RegistryTest::browserEmulation_data()
     QTest::addColumn<int>("sets");
 
     QTest::newRow("missing, IE10 forced") << "IE10" << true << none << false << 10001 << 1;
+    QTest::newRow("IE10 forced, already there: nothing written") << "IE10" << true << 10001 << false << 10001 << 0;
     QTest::newRow("IE10") << "IE10" << false << 10001 << false << 10000 << 1;
     QTest::newRow("ie9 forced over 9000") << "ie9" << true << 9000 << false << 9999 << 1;
     QTest::newRow("IE9") << "IE9" << false << none << false << 9000 << 1;

@@ -1,8 +1,10 @@
 #include "fakes.h"
 #include "platform/runtimefailure.h"
+#include "platform/systemservices.h"
 
 #include <QtTest>
 
+#include <cstdio>
 #include <functional>
 
 using Routine = std::function<void()>;
@@ -14,6 +16,7 @@ class RuntimeFailureTest : public QObject {
 private slots:
     void unhandledFailureReportsAndEnds_data();
     void unhandledFailureReportsAndEnds();
+    void processEndsAfterItsLastStep();
 };
 
 void RuntimeFailureTest::unhandledFailureReportsAndEnds_data()
@@ -42,5 +45,28 @@ void RuntimeFailureTest::unhandledFailureReportsAndEnds()
     QCOMPARE(process.exitCodes, report.isEmpty() ? QList<int>{} : QList<int>{1});
 }
 
-QTEST_GUILESS_MAIN(RuntimeFailureTest)
+void RuntimeFailureTest::processEndsAfterItsLastStep()
+{
+    // The real end, in a child: the last step (the running program's hand-over
+    // of the clipboard) comes first, and what was written before is not lost.
+    QProcess child;
+    child.setEnvironment(QProcess::systemEnvironment() << QStringLiteral("END_IN_CHILD=1"));
+    child.start(QCoreApplication::applicationFilePath(), {});
+    QVERIFY(child.waitForFinished());
+    QCOMPARE(child.exitCode(), 7);
+    QCOMPARE(child.readAllStandardOutput(), QByteArray("saved\nhanded over\n"));
+}
+
+int main(int argc, char* argv[])
+{
+    if (qEnvironmentVariableIsSet("END_IN_CHILD")) {
+        SystemProcessControl process([] { std::fputs("handed over\n", stdout); });
+        std::fputs("saved\n", stdout);
+        process.endProcess(7);
+    }
+    QCoreApplication application(argc, argv);
+    RuntimeFailureTest test;
+    QTEST_SET_MAIN_SOURCE_PATH
+    return QTest::qExec(&test, argc, argv);
+}
 #include "tst_runtimefailure.moc"

@@ -21,6 +21,7 @@ private slots:
     void splitKeepsEmptyTokens();
     void numbers_data();
     void numbers();
+    void whiteSpaceAroundOnly();
     void wholeNumberOfFloatingPoint();
     void dateTest_data();
     void dateTest();
@@ -44,7 +45,7 @@ void TextRulesTest::trimAndFormat00_data()
     QTest::newRow("half away from zero") << false << "3.5" << "04";
     QTest::newRow("half of two, not to even") << false << "2.5" << "03";
     QTest::newRow("negative half") << false << "-2.5" << "-03";
-    QTest::newRow("blanks around a number") << false << " 5 " << "05";
+    QTest::newRow("white space around a number") << false << "\t5\r\n" << "05";
     QTest::newRow("not numeric stays") << false << "ab" << "ab";
     QTest::newRow("blank stays") << false << " " << " ";
     QTest::newRow("nine digits") << false << "999999999" << "999999999";
@@ -91,8 +92,6 @@ void TextRulesTest::numbers_data()
     QTest::addColumn<Whole>("whole"); // the whole-number conversion
     const Number none;
     const Whole fails;
-    QTest::newRow("digits") << "12" << Number(12) << Whole(12);
-    QTest::newRow("blanks around") << "  12 " << Number(12) << Whole(12);
     QTest::newRow("minus") << "-3" << Number(-3) << Whole(-3);
     QTest::newRow("grouping comma") << "1,000" << Number(1000) << Whole(1000);
     QTest::newRow("point first, half of zero") << ".5" << Number(0.5) << Whole(0);
@@ -109,8 +108,16 @@ void TextRulesTest::numbers_data()
     QTest::newRow("overflow by rounding") << "2147483647.5" << Number(2147483647.5) << fails;
     QTest::newRow("nine digits and a letter") << "12345678a" << none << fails;
     QTest::newRow("empty") << "" << none << fails;
-    QTest::newRow("inner blank") << "08 09" << none << fails;
-    QTest::newRow("tab before") << "\t1" << none << fails;
+    // White space around the number, of every kind, never inside it.
+    const std::pair<const char*, QString> spaces[] = {
+        {"blank", " "}, {"tab", "\t"}, {"LF", "\n"}, {"CR", "\r"}, {"VT", "\v"}, {"FF", "\f"},
+        {"no-break space", QStringLiteral("\u00A0")}, {"ideographic space", QStringLiteral("\u3000")}};
+    for (const auto& [kind, space] : spaces) {
+        QTest::addRow("%s before", kind) << space + "12" << Number(12) << Whole(12);
+        QTest::addRow("%s after", kind) << "2.5" + space + space << Number(2.5) << Whole(2);
+        QTest::addRow("%s inside", kind) << "1" + space + "2" << none << fails;
+    }
+    QTest::newRow("zero-width space is no white space") << QStringLiteral("\u200B1") << none << fails;
     QTest::newRow("comma first") << ",5" << none << fails;
     QTest::newRow("exponent without digits") << "1e" << none << fails;
     QTest::newRow("too large for a double") << "1e400" << none << fails;
@@ -124,6 +131,26 @@ void TextRulesTest::numbers()
     QCOMPARE(isNumeric(text), number.has_value());
     QCOMPARE(toNumber(text), number);
     QCOMPARE(toWhole(text), whole);
+}
+
+void TextRulesTest::whiteSpaceAroundOnly()
+{
+    // Unicode's White_Space written out, and characters that only look blank.
+    const QString space = QStringLiteral("\t\n\v\f\r \u0085\u00A0\u1680\u2000\u2001\u2002\u2003\u2004\u2005"
+                                         "\u2006\u2007\u2008\u2009\u200A\u2028\u2029\u202F\u205F\u3000");
+    const QString other = QStringLiteral("\u0001\u001C\u200B\u2060\uFEFF\u00AD\u180Ex");
+    const QStringList cores{"12", "-3", "1,000", ".5", "25E-1", "1e", "", "x"};
+    QRandomGenerator random(17);
+    for (int i = 0; i < 5000; ++i) {
+        // Around the number, or inside it where `at` cuts it in two.
+        const QString core = cores[random.bounded(int(cores.size()))];
+        const qsizetype at = random.bounded(int(core.size()) + 1);
+        const bool white = random.bounded(4) != 0;
+        const QString& kinds = white ? space : other;
+        const QString pad(random.bounded(1, 3), kinds[random.bounded(int(kinds.size()))]);
+        const Number expected = white && (at == 0 || at == core.size()) ? toNumber(core) : Number();
+        QCOMPARE(toNumber(core.left(at) + pad + core.mid(at)), expected);
+    }
 }
 
 void TextRulesTest::wholeNumberOfFloatingPoint()

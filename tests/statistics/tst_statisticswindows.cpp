@@ -219,6 +219,9 @@ void StatisticsWindowsTest::undrawnRedsOfTheNewestDraws_data()
     QTest::newRow("a short text runs into the next")
         << QStringList{"01 02 03 04 05 32", older} << "2"
         << "06 07 08 09 10 16 17 18 19 20 21 22 23 24 25 26 27 28 29 30 31 32 33";
+    QTest::newRow("one-digit numbers take characters, 01 stays")
+        << QStringList{"8 9 17 25 27 32 06 15", older} << "1"
+        << "01 02 03 04 05 07 0 0 10 11 12 13 14 15 16 1 1 20 21 22 23 24 26 2 2 30 31 33";
     QTest::newRow("too few draws") << QStringList{newest} << "5" << "历史记录中的开奖数据不足5期，无法统计！";
 }
 
