@@ -35,8 +35,9 @@ int textHeight(const QLabel* label)
 // after a change of font: a caption placed lower would lose the bottom of its
 // characters. It grows from its designed top and left. The part it grows by
 // may reach over the control placed below it, made later and so lying in
-// front: once shown, a grown caption comes to the front, and lets the mouse
-// through to what lies under it.
+// front: once shown, a grown caption comes to the front, over the edge of
+// that control as a caption over a frame, and lets the mouse through to what
+// lies under it.
 class TextHeightKeeper final : public QObject {
 public:
     explicit TextHeightKeeper(QLabel* label) : QObject(label), m_label(label), m_designedHeight(label->height())
@@ -63,6 +64,7 @@ private:
             return;
         m_label->resize(m_label->width(), need);
         m_label->setAttribute(Qt::WA_TransparentForMouseEvents);
+        m_label->setAutoFillBackground(true);
     }
 
     QLabel* m_label;
