@@ -24,6 +24,7 @@
 #include "statistics/perball.h"
 #include "statistics/qiuhaonoshow.h"
 #include "statistics/sevenball.h"
+#include "wheel/wheelwindow.h"
 #include "windowkit/appcontext.h"
 #include "windowkit/controls.h"
 #include "windowkit/screencentre.h"
@@ -233,6 +234,7 @@ void MainForm::buildMenus()
     menu号码组过滤 = addEntry(menu预测与过滤, QStringLiteral("号码组过滤"), &MainForm::menu号码组过滤_Click);
 
     menu分析 = bar->addMenu(QStringLiteral("分析(&A)"));
+    menu旋转矩阵 = addEntry(menu分析, QStringLiteral("旋转矩阵"), &MainForm::menu旋转矩阵_Click);
 
     menu帮助 = bar->addMenu(QStringLiteral("帮助(&H)"));
     menu关于 = addEntry(menu帮助, QStringLiteral("关于"), &MainForm::menu关于_Click);
@@ -519,6 +521,12 @@ void MainForm::menu除3余数预测_Click()
 void MainForm::menu号码组过滤_Click()
 {
     BatFilter window(m_context, this);
+    window.exec();
+}
+
+void MainForm::menu旋转矩阵_Click()
+{
+    WheelWindow window(m_context, m_history, this);
     window.exec();
 }
 

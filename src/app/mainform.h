@@ -75,6 +75,7 @@ public:
     void menu投注式预测_Click();
     void menu除3余数预测_Click();
     void menu号码组过滤_Click();
+    void menu旋转矩阵_Click();
     void menu关于_Click();
     void menu软件使用方法_Click();
     void menu软件权限设置方法_Click();
@@ -139,6 +140,7 @@ public:
     // The player's analyses that go beyond the statistics: each entry opens
     // its window modally, like every other window.
     QMenu* menu分析;
+    QAction* menu旋转矩阵;
     QMenu* menu帮助;
     QAction* menu关于;
     QAction* menu软件使用方法;
