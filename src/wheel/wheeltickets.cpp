@@ -74,34 +74,50 @@ std::optional<Wheel> makeWheel(const std::vector<int>& reds, Guarantee guarantee
     return std::nullopt;
 }
 
-QString ticketLines(const std::vector<Ticket>& tickets, const std::vector<int>& blues)
+namespace {
+
+const QString& numberText(int number)
 {
     static const std::array<QString, 34> written = [] {
         std::array<QString, 34> texts;
-        for (int number = 0; number < int(texts.size()); ++number)
-            texts[std::size_t(number)] = textrules::format00(number);
+        for (int i = 0; i < int(texts.size()); ++i)
+            texts[std::size_t(i)] = textrules::format00(i);
         return texts;
     }();
-    const auto numberText = [&](int number) {
-        return number >= 0 && number < int(written.size()) ? written[std::size_t(number)] : textrules::format00(number);
-    };
+    static const QString other;
+    return number >= 0 && number < int(written.size()) ? written[std::size_t(number)] : other;
+}
+
+QString redsText(const Ticket& ticket)
+{
+    QString reds;
+    reds.reserve(17);
+    for (int i = 0; i < TicketReds; ++i) {
+        if (i > 0)
+            reds += QLatin1Char(' ');
+        reds += numberText(ticket[std::size_t(i)]);
+    }
+    return reds;
+}
+
+} // namespace
+
+QString ticketLine(const Ticket& ticket, int blue)
+{
+    return blue == 0 ? redsText(ticket) : redsText(ticket) + QStringLiteral("  ") + numberText(blue);
+}
+
+QString ticketLines(const std::vector<Ticket>& tickets, const std::vector<int>& blues)
+{
     const QString lineEnd = QStringLiteral("\r\n");
-    const QString beforeBlue = QStringLiteral("  ");
     QString text;
     text.reserve(qsizetype(tickets.size()) * qsizetype(std::max<std::size_t>(1, blues.size())) * 23);
     for (const Ticket& ticket : tickets) {
-        QString reds;
-        for (int i = 0; i < TicketReds; ++i) {
-            if (i > 0)
-                reds += QLatin1Char(' ');
-            reds += numberText(ticket[std::size_t(i)]);
-        }
-        if (blues.empty()) {
+        const QString reds = redsText(ticket);
+        if (blues.empty())
             text += reds + lineEnd;
-            continue;
-        }
         for (int blue : blues)
-            text += reds + beforeBlue + numberText(blue) + lineEnd;
+            text += reds + QStringLiteral("  ") + numberText(blue) + lineEnd;
     }
     return text;
 }

@@ -38,6 +38,9 @@ std::optional<Wheel> makeWheel(const std::vector<int>& reds, Guarantee guarantee
 std::optional<Wheel> makeWheel(const std::vector<int>& reds, Guarantee guarantee,
                                const std::optional<Design>& tableDesign);
 
+// The result line of a ticket, with the blue after two blanks unless it is 0.
+QString ticketLine(const Ticket& ticket, int blue);
+
 // One result line a ticket and blue: "08 09 17 25 27 32", or with the blue
 // after two blanks, "08 09 17 25 27 32  06"; every ticket is repeated for
 // each blue in turn. Each line ends in CR LF.

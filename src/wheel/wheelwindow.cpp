@@ -1,7 +1,6 @@
 #include "wheel/wheelwindow.h"
 
 #include "forecast/resultoutput.h"
-#include "forecast/richtextbox.h"
 #include "forecast/textfiles.h"
 #include "platform/textrules.h"
 #include "wheel/wheelinput.h"
@@ -14,6 +13,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListView>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -43,7 +43,7 @@ WheelWindow::WheelWindow(AppContext& context, const DrawHistory& history, QWidge
       guaranteeNote(controls::label(this, "guaranteeNote", QString())),
       makeButton(controls::button(this, "makeButton", QStringLiteral("生成"))),
       resultCaption(controls::label(this, "resultCaption", QStringLiteral("旋转矩阵号码："))),
-      resultBox(new RichTextBox(this)),
+      resultList(new QListView(this)),
       countLabel(controls::label(this, "countLabel", QString())),
       verifiedLabel(controls::label(this, "verifiedLabel", QString())),
       resultButtons(new QHBoxLayout),
@@ -63,10 +63,12 @@ WheelWindow::WheelWindow(AppContext& context, const DrawHistory& history, QWidge
         guaranteeList->addItem(wheel::guaranteeName(guarantee));
     guaranteeList->setCurrentIndex(3); // 中5保4, the usual choice
     guaranteeNote->setWordWrap(true);
-    resultBox->setObjectName(QStringLiteral("resultBox"));
-    resultBox->setFont(programstyle::serif(12));
-    resultBox->setReadOnly(true);
-    resultBox->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+    resultList->setObjectName(QStringLiteral("resultList"));
+    resultList->setModel(&tickets);
+    resultList->setFont(programstyle::serif(12));
+    resultList->setUniformItemSizes(true);
+    resultList->setSelectionMode(QAbstractItemView::ExtendedSelection);
+    resultList->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     verifiedLabel->setStyleSheet(QStringLiteral("color: #007000;"));
     for (QPushButton* button : {makeButton, copyButton, saveButton, closeButton})
         button->setAutoDefault(false);
@@ -113,7 +115,7 @@ WheelWindow::WheelWindow(AppContext& context, const DrawHistory& history, QWidge
     layout->addLayout(guaranteeRow);
     layout->addSpacing(6);
     layout->addWidget(resultCaption);
-    layout->addWidget(resultBox, 1);
+    layout->addWidget(resultList, 1);
     layout->addWidget(countLabel);
     layout->addWidget(verifiedLabel);
     layout->addLayout(resultButtons);
@@ -183,18 +185,18 @@ void WheelWindow::makeButton_Click()
     redBox->setText(wheel::numbersText(reds.numbers));
     redBoxEdited();
     blueBox->setText(wheel::numbersText(blues.numbers));
-    resultBox->setText(wheel::ticketLines(made->tickets, blues.numbers));
     countLabel->setText(QStringLiteral("%1 个红球，%2：").arg(reds.numbers.size()).arg(wheel::guaranteeName(*guarantee)) +
                         wheel::costText(qsizetype(made->tickets.size()), qsizetype(blues.numbers.size())));
+    tickets.setTickets(made->tickets, blues.numbers);
     verifiedLabel->setText(QStringLiteral("已验证：保证成立"));
 }
 
 void WheelWindow::copyButton_Click()
 {
-    resultoutput::copyAll(m_context.clipboard, resultBox->Text());
+    resultoutput::copyAll(m_context.clipboard, tickets.text());
 }
 
 void WheelWindow::saveButton_Click()
 {
-    textfiles::saveText(m_context.fileDialogs, resultBox->Text());
+    textfiles::saveText(m_context.fileDialogs, tickets.text());
 }

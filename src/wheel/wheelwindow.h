@@ -6,7 +6,7 @@
 // checked over every possible draw before they are shown. The tickets can be
 // copied or saved as a text file. Resizable; nothing is kept between openings.
 
-#include "wheel/wheeltickets.h"
+#include "wheel/ticketlist.h"
 #include "windowkit/modalwindow.h"
 
 #include <array>
@@ -16,8 +16,8 @@ class QComboBox;
 class QHBoxLayout;
 class QLabel;
 class QLineEdit;
+class QListView;
 class QPushButton;
-class RichTextBox;
 
 class WheelWindow : public ModalWindow {
     Q_OBJECT
@@ -40,7 +40,8 @@ public:
     QLabel* guaranteeNote; // the chosen guarantee in words
     QPushButton* makeButton;
     QLabel* resultCaption;
-    RichTextBox* resultBox;
+    QListView* resultList; // the tickets' result lines, of `tickets`
+    TicketList tickets;
     QLabel* countLabel;
     QLabel* verifiedLabel;
     // 复制全部, 另存为 and the buttons that act on the tickets, then 关闭.

@@ -1,4 +1,3 @@
-#include "forecast/richtextbox.h"
 #include "testapp.h"
 #include "wheel/wheeltable.h"
 #include "wheel/wheelwindow.h"
@@ -78,7 +77,7 @@ void WheelWindowTest::badChoicesAreRefused()
     window.show();
     window.redBox->setText(QStringLiteral("1 2 3 4 5 6 7"));
     window.makeButton->click();
-    const QString before = window.resultBox->Text();
+    const QString before = window.tickets.text();
     QCOMPARE(before.count(QLatin1Char('\n')), 1); // 中5保4 on seven reds: one ticket
     window.redBox->setText(reds);
     window.blueBox->setText(blues);
@@ -87,7 +86,7 @@ void WheelWindowTest::badChoicesAreRefused()
     QCOMPARE(app.messages.shown[0].icon, MessageIcon::Critical);
     QCOMPARE(app.messages.shown[0].text, message);
     // Nothing that was shown is lost, and the boxes keep what was typed.
-    QCOMPARE(window.resultBox->Text(), before);
+    QCOMPARE(window.tickets.text(), before);
     QCOMPARE(window.redBox->text(), reds);
 }
 
@@ -104,7 +103,7 @@ void WheelWindowTest::ticketsRepeatForEachBlueAndAreCopiedAndSaved()
     QVERIFY(app.messages.shown.isEmpty());
     QCOMPARE(window.redBox->text(), QStringLiteral("02 05 08 11 14 17 20 23 26 29 31 33"));
     QCOMPARE(checkedToggles(window), window.redBox->text());
-    const QString text = window.resultBox->Text();
+    const QString text = window.tickets.text();
     QStringList lines = text.split(QStringLiteral("\r\n"));
     QCOMPARE(lines.takeLast(), QString());
     const int tickets = int(wheel::shippedDesign(12, {5, 5})->blocks.size());
