@@ -1,5 +1,7 @@
 #include "anneal.h"
 
+#include "subsets.h"
+
 #include <algorithm>
 #include <array>
 #include <bit>
@@ -7,41 +9,6 @@
 
 namespace wheelsearch {
 
-namespace {
-
-// Calls `visit` with every subset of `size` points of `set`.
-template <class Visit> void forSubsets(std::uint32_t set, int size, Visit&& visit)
-{
-    std::array<std::uint32_t, 32> bits{};
-    int count = 0;
-    for (std::uint32_t rest = set; rest; rest &= rest - 1)
-        bits[count++] = rest & (~rest + 1);
-    if (size > count)
-        return;
-    if (size == 0) {
-        visit(std::uint32_t(0));
-        return;
-    }
-    std::array<int, 8> pick{};
-    for (int i = 0; i < size; ++i)
-        pick[i] = i;
-    while (true) {
-        std::uint32_t subset = 0;
-        for (int i = 0; i < size; ++i)
-            subset |= bits[pick[i]];
-        visit(subset);
-        int i = size - 1;
-        while (i >= 0 && pick[i] == count - size + i)
-            --i;
-        if (i < 0)
-            return;
-        ++pick[i];
-        for (int j = i + 1; j < size; ++j)
-            pick[j] = pick[j - 1] + 1;
-    }
-}
-
-} // namespace
 
 Annealer::Annealer(int points, wheel::Guarantee guarantee, std::vector<Block> blocks, std::uint64_t seed)
     : m_points(points),
@@ -219,6 +186,91 @@ bool Annealer::anneal(std::int64_t moves, double hot, double cold)
         m_blocks[std::size_t(index)] = (block & ~out) | in;
         if (m_unserved.empty())
             return true;
+    }
+    return false;
+}
+
+bool Annealer::weightedSearch(std::int64_t steps, int tenure)
+{
+    if (m_unserved.empty())
+        return true;
+    if (m_blocks.empty())
+        return false;
+    m_weight.assign(m_count.size(), 1);
+    m_changedAt.assign(m_blocks.size(), -(std::int64_t(1) << 40));
+    const auto moveCost = [&](Block block, Block out, Block in) {
+        std::int64_t cost = 0;
+        forChanged(block, out, in, [&](std::uint32_t lost, std::uint32_t gained) {
+            cost += (m_count[lost] == 1 ? m_weight[lost] : 0);
+            cost -= (m_count[gained] == 0 ? m_weight[gained] : 0);
+        });
+        return cost;
+    };
+    for (std::int64_t step = 0; step < steps; ++step) {
+        const std::uint32_t set = m_setOf[m_unserved[random() % m_unserved.size()]];
+        // The cheapest change among those not made lately; among all when
+        // every one was.
+        int bestIndex = -1;
+        Block bestOut = 0;
+        Block bestIn = 0;
+        std::int64_t bestCost = 0;
+        bool bestTabu = true;
+        int ties = 0;
+        for (int i = 0; i < int(m_blocks.size()); ++i) {
+            const Block block = m_blocks[std::size_t(i)];
+            if (std::popcount(block & set) != m_held - 1)
+                continue;
+            const bool tabu = step - m_changedAt[std::size_t(i)] < tenure;
+            if (tabu && !bestTabu)
+                continue;
+            for (Block outs = block & ~set; outs; outs &= outs - 1) {
+                const Block out = outs & (~outs + 1);
+                for (Block ins = set & ~block; ins; ins &= ins - 1) {
+                    const Block in = ins & (~ins + 1);
+                    const std::int64_t cost = moveCost(block, out, in);
+                    const bool better = bestIndex < 0 || (bestTabu && !tabu) || cost < bestCost;
+                    if (better) {
+                        ties = 1;
+                    } else if (cost != bestCost || random() % std::uint64_t(++ties) != 0) {
+                        continue;
+                    }
+                    bestIndex = i;
+                    bestOut = out;
+                    bestIn = in;
+                    bestCost = cost;
+                    bestTabu = tabu;
+                }
+            }
+        }
+        if (bestIndex < 0) {
+            // Every such change is barred: any block at all, any change.
+            bestIndex = int(random() % m_blocks.size());
+            bestOut = randomBit(m_blocks[std::size_t(bestIndex)], random());
+            bestIn = randomBit(m_all & ~m_blocks[std::size_t(bestIndex)], random());
+            bestCost = 1;
+        }
+        const Block block = m_blocks[std::size_t(bestIndex)];
+        forChanged(block, bestOut, bestIn, [&](std::uint32_t lost, std::uint32_t gained) {
+            if (--m_count[lost] == 0) {
+                m_place[lost] = std::int32_t(m_unserved.size());
+                m_unserved.push_back(lost);
+            }
+            if (m_count[gained]++ == 0) {
+                const std::int32_t at = m_place[gained];
+                m_place[m_unserved.back()] = at;
+                m_unserved[std::size_t(at)] = m_unserved.back();
+                m_unserved.pop_back();
+                m_place[gained] = -1;
+            }
+        });
+        m_blocks[std::size_t(bestIndex)] = (block & ~bestOut) | bestIn;
+        m_changedAt[std::size_t(bestIndex)] = step;
+        if (m_unserved.empty())
+            return true;
+        if (bestCost >= 0) {
+            for (std::uint32_t r : m_unserved)
+                ++m_weight[r];
+        }
     }
     return false;
 }

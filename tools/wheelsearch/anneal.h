@@ -27,6 +27,13 @@ public:
     // schedule; stops early once every set is served. True when it is.
     bool anneal(std::int64_t moves, double hot, double cold);
 
+    // Weighted local search, for up to `steps` steps: every step makes some
+    // block serve a set not yet served, by the change that costs the least
+    // weight, and a change made recently is not undone for a while; where no
+    // change gains, the sets still unserved grow heavier. True once every set
+    // is served.
+    bool weightedSearch(std::int64_t steps, int tenure);
+
     // Takes out the block whose loss leaves the fewest sets unserved (ties at
     // random).
     void dropWeakest();
@@ -54,6 +61,8 @@ private:
     std::uint64_t m_state;
     std::vector<std::uint32_t> m_lost;
     std::vector<std::uint32_t> m_gained;
+    std::vector<std::uint32_t> m_weight;
+    std::vector<std::int64_t> m_changedAt; // step of each block's last change
 };
 
 } // namespace wheelsearch

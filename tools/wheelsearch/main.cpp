@@ -7,14 +7,20 @@
 // table only when it is smaller and the program's exhaustive check passes it.
 //
 //   wheelsearch --table src/wheel/wheels.txt [--seconds 20] [--only 20:5:5,13:4:4]
-//               [--seed 1] [--beyond] [--report]
+//               [--seed 1] [--beyond] [--hot 1.2] [--cold 0.08]
+//               [--rotation L:f [--reps R]] [--report]
 //
 // --seconds is the time for each case (0: only derive and greedy), --only
 // picks cases as v:m:t, --report prints the sizes against the goals and
 // searches nothing. A covering search stops at the best known size, a lotto
-// design with a goal at its goal unless --beyond is given.
+// design with a goal at its goal unless --beyond is given. --hot and --cold
+// are the temperatures at the start and the end of each try. --rotation
+// searches wheels that a rotation leaves as they are: the first points in
+// cycles of L, the last f fixed, from R representatives (or as many as the
+// table's design needs) down.
 
 #include "anneal.h"
+#include "orbits.h"
 
 #include "wheel/quickwheel.h"
 #include "wheel/wheeldesign.h"
@@ -235,6 +241,14 @@ Design startingDesign(const Table& table, int points, Guarantee guarantee, std::
     return *best;
 }
 
+// The temperatures of one try: hot at its start, cold at its end.
+double hot = 1.2;
+double cold = 0.08;
+// Weighted local search instead of annealing, and how many steps a changed
+// block is left alone.
+bool weighted = false;
+int tenure = 10;
+
 void search(Table& table, const QString& path, int points, Guarantee guarantee, double seconds, std::uint64_t seed,
             bool beyond)
 {
@@ -261,7 +275,7 @@ void search(Table& table, const QString& path, int points, Guarantee guarantee, 
         annealer.dropWeakest();
         bool served = false;
         while (!served && left() > 0) {
-            served = annealer.anneal(moves, 1.2, 0.08);
+            served = weighted ? annealer.weightedSearch(moves / 100, tenure) : annealer.anneal(moves, hot, cold);
             if (!served)
                 moves = std::min(moves * 2, mostMoves);
         }
@@ -272,6 +286,51 @@ void search(Table& table, const QString& path, int points, Guarantee guarantee, 
             table.save(path); // kept at once: a long search may be stopped at any time
         std::fprintf(stderr, "  %zu blocks after %.1f s (%lld moves a try)\n", annealer.blocks().size(),
                      double(clock.elapsed()) / 1000.0, static_cast<long long>(moves));
+    }
+}
+
+// The same with a rotation of the points imposed: the wheel is the images
+// of a few representatives, and every step takes out a whole orbit.
+void searchRotated(Table& table, const QString& path, int points, Guarantee guarantee, double seconds,
+                   std::uint64_t seed, wheelsearch::Rotation rotation, int representatives)
+{
+    if (rotation.cycle < 2 || rotation.fixed < 0 || (points - rotation.fixed) % rotation.cycle != 0) {
+        std::fprintf(stderr, "v=%d: no rotation with cycles of %d and %d fixed points\n", points, rotation.cycle,
+                     rotation.fixed);
+        return;
+    }
+    const Design* held = table.find(points, guarantee);
+    if (representatives <= 0)
+        representatives = held ? int(held->blocks.size()) / rotation.cycle : 1;
+    std::fprintf(stderr, "v=%d %s: cycles of %d, %d fixed, from %d representatives (%d blocks)\n", points,
+                 qPrintable(wheel::guaranteeName(guarantee)), rotation.cycle, rotation.fixed, representatives,
+                 representatives * rotation.cycle);
+    QElapsedTimer clock;
+    clock.start();
+    const auto left = [&] { return seconds - double(clock.elapsed()) / 1000.0; };
+    wheelsearch::OrbitAnnealer annealer(points, guarantee, rotation, seed);
+    annealer.randomStart(representatives);
+    std::int64_t moves = 20000;
+    const std::int64_t mostMoves = 200'000'000;
+    while (left() > 0 && annealer.representatives() > 0) {
+        bool served = false;
+        while (!served && left() > 0) {
+            served = annealer.anneal(moves, hot, cold);
+            if (!served)
+                moves = std::min(moves * 2, mostMoves);
+        }
+        if (!served)
+            break;
+        Design found{points, guarantee, annealer.design()};
+        std::fprintf(stderr, "  %d representatives, %zu blocks after %.1f s (%lld moves a try)\n",
+                     annealer.representatives(), found.blocks.size(), double(clock.elapsed()) / 1000.0,
+                     static_cast<long long>(moves));
+        if (table.offer(std::move(found), "rotation"))
+            table.save(path);
+        const auto best = record(points, guarantee);
+        if (best && int(annealer.design().size()) <= *best)
+            break;
+        annealer.dropWeakest();
     }
 }
 
@@ -321,11 +380,23 @@ int main(int argc, char* argv[])
     const double seconds = option(QStringLiteral("--seconds"), QStringLiteral("20")).toDouble();
     const std::uint64_t seed = option(QStringLiteral("--seed"), QStringLiteral("1")).toULongLong();
     const bool beyond = arguments.contains(QStringLiteral("--beyond"));
+    hot = option(QStringLiteral("--hot"), QString::number(hot)).toDouble();
+    cold = option(QStringLiteral("--cold"), QString::number(cold)).toDouble();
+    weighted = arguments.contains(QStringLiteral("--weighted"));
+    tenure = option(QStringLiteral("--tenure"), QString::number(tenure)).toInt();
+    const QStringList turning = option(QStringLiteral("--rotation")).split(QLatin1Char(':'));
+    wheelsearch::Rotation rotation;
+    if (turning.size() == 2)
+        rotation = {turning[0].toInt(), turning[1].toInt()};
+    const int representatives = option(QStringLiteral("--reps"), QStringLiteral("0")).toInt();
     table.derive();
     for (const auto& [points, guarantee] : casesOf(option(QStringLiteral("--only")))) {
         if (points < wheel::FewestPoints || points > wheel::MostPoints)
             continue;
-        search(table, path, points, guarantee, seconds, seed, beyond);
+        if (rotation.cycle > 1)
+            searchRotated(table, path, points, guarantee, seconds, seed, rotation, representatives);
+        else
+            search(table, path, points, guarantee, seconds, seed, beyond);
         table.derive();
         if (!table.save(path)) {
             std::fprintf(stderr, "cannot write %s\n", qPrintable(path));
