@@ -29,6 +29,7 @@
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QLockFile>
 #include <QSaveFile>
 #include <QStringList>
 
@@ -97,8 +98,15 @@ public:
             offer(std::move(design), "table");
     }
 
-    bool save(const QString& path) const
+    // Several searches may run at once on one table: the file is locked,
+    // and what the others have found meanwhile is taken in before it is
+    // written.
+    bool save(const QString& path)
     {
+        QLockFile lock(path + QStringLiteral(".lock"));
+        if (!lock.lock())
+            return false;
+        load(path);
         std::vector<Design> designs;
         for (const Guarantee& guarantee : wheel::guarantees()) {
             for (int points = wheel::FewestPoints; points <= wheel::MostPoints; ++points) {
@@ -276,6 +284,8 @@ void search(Table& table, const QString& path, int points, Guarantee guarantee, 
         bool served = false;
         while (!served && left() > 0) {
             served = weighted ? annealer.weightedSearch(moves / 100, tenure) : annealer.anneal(moves, hot, cold);
+            if (qEnvironmentVariableIsSet("WHEELSEARCH_TRACE"))
+                std::fprintf(stderr, "    try of %lld: %d unserved\n", static_cast<long long>(moves), annealer.unserved());
             if (!served)
                 moves = std::min(moves * 2, mostMoves);
         }
