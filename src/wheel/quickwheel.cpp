@@ -2,43 +2,10 @@
 
 #include <algorithm>
 #include <bit>
-#include <functional>
 
 namespace wheel {
 
 namespace {
-
-// Calls `visit` with every subset of `size` points of `set`.
-void forSubsets(quint32 set, int size, const std::function<void(quint32)>& visit)
-{
-    std::array<quint32, 32> bits{};
-    int count = 0;
-    for (quint32 rest = set; rest; rest &= rest - 1)
-        bits[count++] = rest & (~rest + 1);
-    if (size > count)
-        return;
-    if (size == 0) {
-        visit(0);
-        return;
-    }
-    std::array<int, 32> pick{};
-    for (int i = 0; i < size; ++i)
-        pick[i] = i;
-    while (true) {
-        quint32 subset = 0;
-        for (int i = 0; i < size; ++i)
-            subset |= bits[pick[i]];
-        visit(subset);
-        int i = size - 1;
-        while (i >= 0 && pick[i] == count - size + i)
-            --i;
-        if (i < 0)
-            return;
-        ++pick[i];
-        for (int j = i + 1; j < size; ++j)
-            pick[j] = pick[j - 1] + 1;
-    }
-}
 
 class Greedy {
 public:
@@ -56,9 +23,8 @@ public:
     {
         for (Block block : blocks)
             mark(block, +1);
-        quint64 set = (quint64(1) << m_drawn) - 1;
         const quint64 end = quint64(1) << m_points;
-        for (; set < end; set = nextOfSize(set)) {
+        for (quint64 set = (quint64(1) << m_drawn) - 1; set < end; set = nextOfSize(set)) {
             if (m_served[colexRank(quint32(set))])
                 continue;
             // Begin on `held` of the set's points, then fill up.
@@ -83,13 +49,6 @@ public:
     }
 
 private:
-    static quint64 nextOfSize(quint64 set)
-    {
-        const quint64 lowest = set & (~set + 1);
-        const quint64 ripple = set + lowest;
-        return (((ripple ^ set) >> 2) / lowest) | ripple;
-    }
-
     quint64 random()
     {
         m_state ^= m_state << 13;
@@ -133,7 +92,7 @@ private:
     }
 
     // Every set a block serves: it holds at least `held` of the block's points.
-    void forServed(quint32 block, const std::function<void(quint32)>& visit)
+    template <class Visit> void forServed(quint32 block, Visit&& visit)
     {
         for (int inside = m_held; inside <= m_drawn; ++inside) {
             forSubsets(block, inside, [&](quint32 part) {

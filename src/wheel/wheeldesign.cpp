@@ -23,40 +23,6 @@ struct BinomialTable {
 
 constexpr BinomialTable table;
 
-// The ways to pick `size` of `count` positions, each as the ascending list of
-// the positions picked.
-std::vector<std::array<quint8, TicketReds>> picks(int count, int size)
-{
-    std::vector<std::array<quint8, TicketReds>> result;
-    std::array<quint8, TicketReds> pick{};
-    for (int i = 0; i < size; ++i)
-        pick[i] = quint8(i);
-    if (size > count)
-        return result;
-    while (true) {
-        result.push_back(pick);
-        int i = size - 1;
-        while (i >= 0 && pick[i] == count - size + i)
-            --i;
-        if (i < 0)
-            return result;
-        ++pick[i];
-        for (int j = i + 1; j < size; ++j)
-            pick[j] = quint8(pick[j - 1] + 1);
-    }
-}
-
-// The points of a set, ascending.
-int pointsOf(quint32 set, std::array<quint8, MostBits>& points)
-{
-    int count = 0;
-    while (set) {
-        points[count++] = quint8(std::countr_zero(set));
-        set &= set - 1;
-    }
-    return count;
-}
-
 } // namespace
 
 const std::array<Guarantee, 7>& guarantees()
@@ -117,39 +83,16 @@ bool guaranteeHolds(int points, Guarantee guarantee, std::span<const Block> bloc
     // of the set's subsets of `held` points: mark every such subset of every
     // block, then look for a marked one in every drawn set.
     std::vector<quint8> marked(std::size_t(binomial(points, held)), 0);
-    std::array<quint8, MostBits> at{};
-    for (const auto& pick : picks(TicketReds, held)) {
-        for (Block block : blocks) {
-            pointsOf(block, at);
-            quint32 rank = 0;
-            for (int i = 0; i < held; ++i)
-                rank += quint32(table.value[at[pick[i]]][i + 1]);
-            marked[rank] = 1;
-        }
-    }
-    const auto subsets = picks(drawn, held);
-    quint64 set = (quint64(1) << drawn) - 1;
-    while (set <= all) {
-        pointsOf(quint32(set), at);
+    for (Block block : blocks)
+        forSubsets(block, held, [&](quint32 subset) { marked[colexRank(subset)] = 1; });
+    for (quint64 set = (quint64(1) << drawn) - 1; set <= all; set = nextOfSize(set)) {
         bool served = false;
-        for (const auto& pick : subsets) {
-            quint32 rank = 0;
-            for (int i = 0; i < held; ++i)
-                rank += quint32(table.value[at[pick[i]]][i + 1]);
-            if (marked[rank]) {
-                served = true;
-                break;
-            }
-        }
+        forSubsets(quint32(set), held, [&](quint32 subset) { served = served || marked[colexRank(subset)]; });
         if (!served) {
             if (firstFailure)
                 *firstFailure = quint32(set);
             return false;
         }
-        // The next set of the same size (Gosper).
-        const quint64 lowest = set & (~set + 1);
-        const quint64 ripple = set + lowest;
-        set = (((ripple ^ set) >> 2) / lowest) | ripple;
     }
     return true;
 }

@@ -51,6 +51,42 @@ quint64 binomial(int n, int k);
 // size, taken in ascending order of their bit patterns, have the ranks 0, 1, 2...
 quint32 colexRank(quint32 set);
 
+// Calls `visit` with every subset of `size` points of `set`.
+template <class Visit> void forSubsets(quint32 set, int size, Visit&& visit)
+{
+    std::array<quint32, 32> bits{};
+    int count = 0;
+    for (quint32 rest = set; rest; rest &= rest - 1)
+        bits[std::size_t(count++)] = rest & (~rest + 1);
+    if (size < 0 || size > count)
+        return;
+    std::array<int, 33> pick{}; // ascending positions in `bits`
+    for (int i = 0; i < size; ++i)
+        pick[std::size_t(i)] = i;
+    while (true) {
+        quint32 subset = 0;
+        for (int i = 0; i < size; ++i)
+            subset |= bits[std::size_t(pick[std::size_t(i)])];
+        visit(subset);
+        int i = size - 1;
+        while (i >= 0 && pick[std::size_t(i)] == count - size + i)
+            --i;
+        if (i < 0)
+            return;
+        ++pick[std::size_t(i)];
+        for (int j = i + 1; j < size; ++j)
+            pick[std::size_t(j)] = pick[std::size_t(j - 1)] + 1;
+    }
+}
+
+// The next set of the same size in ascending order of bit patterns.
+inline quint64 nextOfSize(quint64 set)
+{
+    const quint64 lowest = set & (~set + 1);
+    const quint64 ripple = set + lowest;
+    return (((ripple ^ set) >> 2) / lowest) | ripple;
+}
+
 // Whether the blocks form a wheel with this guarantee on `points` points
 // (1 to 32): every block holds exactly six points of 1..points, and for every
 // set of `drawn` points some block holds at least `held` of them. Every such

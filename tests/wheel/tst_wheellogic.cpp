@@ -194,6 +194,8 @@ void WheelLogicTest::readingRefusesWithAReason_data()
                           << "红球中的“七”不是号码：请填 1 到 33 之间的整数，用空格或逗号隔开。";
     QTest::newRow("sign") << false << "1 2 3 4 5 6 +7"
                           << "红球中的“+7”不是号码：请填 1 到 33 之间的整数，用空格或逗号隔开。";
+    QTest::newRow("ten million digits") << false << "1 2 3 4 5 6 " + QString(10'000'000, QLatin1Char('9'))
+                                        << "红球号码 999999999999… 超出范围：红球号码在 1 到 33 之间。";
     QTest::newRow("long entry cut") << false << "1 2 3 4 5 6 " + QString(5000, QLatin1Char('x'))
                                     << "红球中的“xxxxxxxxxxxx…”不是号码：请填 1 到 33 之间的整数，用空格或逗号隔开。";
     QTest::newRow("repeated") << false << "1 2 3 4 5 6 06" << "红球号码 06 重复了：每个号码只能选一次。";
@@ -237,6 +239,8 @@ void WheelLogicTest::ticketsAreTheDesignOnTheChosenRedsAndTheirLines()
     // A table entry that fails is never used: a wheel made on the spot stands in.
     const auto fromTable = makeWheel(reds, {5, 5}, design);
     QVERIFY(fromTable && !fromTable->fromTable && ticketsKeep(reds, {5, 5}, fromTable->tickets));
+    const auto missing = makeWheel(reds, {4, 3}, std::nullopt);
+    QVERIFY(missing && !missing->fromTable && ticketsKeep(reds, {4, 3}, missing->tickets));
     const auto shipped = makeWheel(reds, {5, 5});
     QVERIFY(shipped && shipped->fromTable && shipped->tickets == all);
     QVERIFY(!makeWheel({1, 2, 3, 4, 5, 6}, {5, 5}));

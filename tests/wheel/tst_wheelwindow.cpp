@@ -6,6 +6,7 @@
 #include <QFile>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListView>
 #include <QMenu>
 #include <QPushButton>
 #include <QtTest>
@@ -99,9 +100,11 @@ void WheelWindowTest::ticketsRepeatForEachBlueAndAreCopiedAndSaved()
     window.redBox->setText(QStringLiteral("33 2 5 8 11 14 17 20 23 26 29 31"));
     window.blueBox->setText(QStringLiteral("16 6"));
     window.guaranteeList->setCurrentText(QStringLiteral("中5保5"));
+    QCOMPARE(window.guaranteeNote->text(), QStringLiteral("开奖的 6 个红球中有 5 个在所选红球里时，至少有一注中其中 5 个。"));
     window.makeButton->click();
     QVERIFY(app.messages.shown.isEmpty());
     QCOMPARE(window.redBox->text(), QStringLiteral("02 05 08 11 14 17 20 23 26 29 31 33"));
+    QCOMPARE(window.blueBox->text(), QStringLiteral("06 16"));
     QCOMPARE(checkedToggles(window), window.redBox->text());
     const QString text = window.tickets.text();
     QStringList lines = text.split(QStringLiteral("\r\n"));
@@ -125,6 +128,10 @@ void WheelWindowTest::ticketsRepeatForEachBlueAndAreCopiedAndSaved()
                                             .arg(2 * tickets)
                                             .arg(4 * tickets));
     QCOMPARE(window.verifiedLabel->text(), QStringLiteral("已验证：保证成立"));
+    // The list shows the lines that are copied and saved, row by row.
+    QCOMPARE(window.resultList->model()->rowCount(), lines.size());
+    for (int row = 0; row < lines.size(); ++row)
+        QCOMPARE(window.tickets.index(row).data().toString(), lines[row]);
 
     window.copyButton->click();
     QCOMPARE(app.clipboard.contents, text);
@@ -136,6 +143,15 @@ void WheelWindowTest::ticketsRepeatForEachBlueAndAreCopiedAndSaved()
     QVERIFY(saved.open(QIODevice::ReadOnly));
     QCOMPARE(saved.readAll(), text.toUtf8());
     QCOMPARE(app.fileDialogs.asked, QStringList(2, QStringLiteral("*.txt|txt")));
+
+    // Another guarantee without blues replaces the tickets.
+    window.blueBox->clear();
+    window.guaranteeList->setCurrentText(QStringLiteral("中6保4"));
+    window.makeButton->click();
+    const int fewer = int(wheel::shippedDesign(12, {6, 4})->blocks.size());
+    QCOMPARE(window.tickets.rowCount(), fewer);
+    QCOMPARE(window.tickets.index(0).data().toString().size(), 17);
+    QVERIFY(window.countLabel->text().endsWith(QStringLiteral("共 %1 注，金额 %2 元").arg(fewer).arg(2 * fewer)));
 }
 
 void WheelWindowTest::menuEntryOpensTheWindowModally()
