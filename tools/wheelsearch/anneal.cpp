@@ -136,7 +136,7 @@ void Annealer::pickMove(int& index, Block& out, Block& in)
     in = randomBit(m_all & ~block, random());
 }
 
-bool Annealer::anneal(std::int64_t moves, double hot, double cold)
+bool Annealer::anneal(std::int64_t moves, double hot, double cold, std::chrono::steady_clock::time_point deadline)
 {
     if (m_unserved.empty())
         return true;
@@ -148,6 +148,8 @@ bool Annealer::anneal(std::int64_t moves, double hot, double cold)
     const double stages = double(std::max<std::int64_t>(1, moves / Stage));
     for (std::int64_t move = 0; move < moves; ++move) {
         if (move % Stage == 0) {
+            if (move % (Stage * 64) == 0 && std::chrono::steady_clock::now() > deadline)
+                return false;
             const double temperature = hot * std::pow(cold / hot, double(move / Stage) / stages);
             for (int delta = 1; delta <= MostDelta; ++delta)
                 chance[std::size_t(delta)] = std::uint32_t(std::exp(-delta / temperature) * 4294967295.0);

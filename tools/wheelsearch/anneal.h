@@ -9,6 +9,7 @@
 
 #include "wheel/wheeldesign.h"
 
+#include <chrono>
 #include <cstdint>
 #include <vector>
 
@@ -25,7 +26,8 @@ public:
 
     // Runs up to `moves` moves, cooling from `hot` to `cold` on a geometric
     // schedule; stops early once every set is served. True when it is.
-    bool anneal(std::int64_t moves, double hot, double cold);
+    // Stops at `deadline` too, unsuccessful.
+    bool anneal(std::int64_t moves, double hot, double cold, std::chrono::steady_clock::time_point deadline);
 
     // Weighted local search, for up to `steps` steps: every step makes some
     // block serve a set not yet served, by the change that costs the least

@@ -276,6 +276,7 @@ void search(Table& table, const QString& path, int points, Guarantee guarantee, 
     QElapsedTimer clock;
     clock.start();
     const auto left = [&] { return seconds - double(clock.elapsed()) / 1000.0; };
+    const auto deadline = std::chrono::steady_clock::now() + std::chrono::milliseconds(qint64(seconds * 1000));
     wheelsearch::Annealer annealer(points, guarantee, start.blocks, seed);
     std::int64_t moves = 20000;
     const std::int64_t mostMoves = 200'000'000;
@@ -283,7 +284,7 @@ void search(Table& table, const QString& path, int points, Guarantee guarantee, 
         annealer.dropWeakest();
         bool served = false;
         while (!served && left() > 0) {
-            served = weighted ? annealer.weightedSearch(moves / 100, tenure) : annealer.anneal(moves, hot, cold);
+            served = weighted ? annealer.weightedSearch(moves / 100, tenure) : annealer.anneal(moves, hot, cold, deadline);
             if (qEnvironmentVariableIsSet("WHEELSEARCH_TRACE"))
                 std::fprintf(stderr, "    try of %lld: %d unserved\n", static_cast<long long>(moves), annealer.unserved());
             if (!served)
@@ -318,6 +319,7 @@ void searchRotated(Table& table, const QString& path, int points, Guarantee guar
     QElapsedTimer clock;
     clock.start();
     const auto left = [&] { return seconds - double(clock.elapsed()) / 1000.0; };
+    const auto deadline = std::chrono::steady_clock::now() + std::chrono::milliseconds(qint64(seconds * 1000));
     wheelsearch::OrbitAnnealer annealer(points, guarantee, rotation, seed);
     annealer.randomStart(representatives);
     std::int64_t moves = 20000;
@@ -325,7 +327,7 @@ void searchRotated(Table& table, const QString& path, int points, Guarantee guar
     while (left() > 0 && annealer.representatives() > 0) {
         bool served = false;
         while (!served && left() > 0) {
-            served = annealer.anneal(moves, hot, cold);
+            served = annealer.anneal(moves, hot, cold, deadline);
             if (!served)
                 moves = std::min(moves * 2, mostMoves);
         }

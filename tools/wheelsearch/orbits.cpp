@@ -170,7 +170,7 @@ Block randomBit(Block set, std::uint64_t value)
 
 } // namespace
 
-bool OrbitAnnealer::anneal(std::int64_t moves, double hot, double cold)
+bool OrbitAnnealer::anneal(std::int64_t moves, double hot, double cold, std::chrono::steady_clock::time_point deadline)
 {
     if (m_unserved.empty())
         return true;
@@ -183,6 +183,8 @@ bool OrbitAnnealer::anneal(std::int64_t moves, double hot, double cold)
     const int blocks = int(m_blocks.size());
     for (std::int64_t move = 0; move < moves; ++move) {
         if (move % Stage == 0) {
+            if (move % (Stage * 64) == 0 && std::chrono::steady_clock::now() > deadline)
+                return false;
             const double temperature = hot * std::pow(cold / hot, double(move / Stage) / stages);
             for (int delta = 1; delta <= MostDelta; ++delta)
                 chance[std::size_t(delta)] = std::uint32_t(std::exp(-delta / temperature) * 4294967295.0);

@@ -10,6 +10,7 @@
 
 #include "wheel/wheeldesign.h"
 
+#include <chrono>
 #include <cstdint>
 #include <vector>
 
@@ -31,7 +32,8 @@ public:
     int representatives() const { return int(m_blocks.size()); }
     int unserved() const { return int(m_unserved.size()); }
 
-    bool anneal(std::int64_t moves, double hot, double cold);
+    // Stops at `deadline` too, unsuccessful.
+    bool anneal(std::int64_t moves, double hot, double cold, std::chrono::steady_clock::time_point deadline);
     void dropWeakest();
 
     // Every image of every representative.
