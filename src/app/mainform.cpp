@@ -28,6 +28,7 @@
 #include "statistics/qiuhaonoshow.h"
 #include "statistics/sevenball.h"
 #include "statistics/trendchartwindow.h"
+#include "wheel/wheelwindow.h"
 #include "windowkit/appcontext.h"
 #include "windowkit/controls.h"
 #include "windowkit/screencentre.h"
@@ -241,6 +242,7 @@ void MainForm::buildMenus()
     menu分析 = bar->addMenu(QStringLiteral("分析(&A)"));
     menu基本走势图 = addEntry(menu分析, QStringLiteral("基本走势图"), &MainForm::menu基本走势图_Click);
     menu中奖查询 = addEntry(menu分析, QStringLiteral("中奖查询"), &MainForm::menu中奖查询_Click);
+    menu旋转矩阵 = addEntry(menu分析, QStringLiteral("旋转矩阵"), &MainForm::menu旋转矩阵_Click);
 
     menu帮助 = bar->addMenu(QStringLiteral("帮助(&H)"));
     menu关于 = addEntry(menu帮助, QStringLiteral("关于"), &MainForm::menu关于_Click);
@@ -557,6 +559,12 @@ void MainForm::menu中奖查询_Click()
 void MainForm::menu基本走势图_Click()
 {
     TrendChartWindow window(m_context, m_history, this);
+    window.exec();
+}
+
+void MainForm::menu旋转矩阵_Click()
+{
+    WheelWindow window(m_context, m_history, this);
     window.exec();
 }
 

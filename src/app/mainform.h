@@ -78,6 +78,7 @@ public:
     void menu号码组过滤_Click();
     void menu基本走势图_Click();
     void menu中奖查询_Click();
+    void menu旋转矩阵_Click();
     void menu关于_Click();
     void menu软件使用方法_Click();
     void menu软件权限设置方法_Click();
@@ -147,6 +148,7 @@ public:
     QMenu* menu分析;
     QAction* menu基本走势图;
     QAction* menu中奖查询;
+    QAction* menu旋转矩阵;
     QMenu* menu帮助;
     QAction* menu关于;
     QAction* menu软件使用方法;

@@ -6,10 +6,12 @@
 #include "forecast/richtextbox.h"
 #include "prize/prizecheckwindow.h"
 #include "testapp.h"
+#include "wheel/wheelwindow.h"
 
 #include <QAction>
 #include <QComboBox>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
 #include <QtTest>
@@ -124,13 +126,13 @@ void PrizeWindowsTest::emptyHistoryOnlyCountsAndLongChecksLetEventsRun()
 void PrizeWindowsTest::resultBoxesOpenTheCheck_data()
 {
     QTest::addColumn<QString>("kind");
-    for (const char* kind : {"ForecastNormal", "ForecastFilter", "ForecastBet", "BatFilter"})
+    for (const char* kind : {"ForecastNormal", "ForecastFilter", "ForecastBet", "BatFilter", "WheelWindow"})
         QTest::newRow(kind) << kind;
 }
 
 // The button stands clear of every other control, in the forecast windows
-// below 滤掉重复; it opens the check with the result box's text as the bets,
-// and the history to check them against.
+// below 滤掉重复; it opens the check with the result box's text (the wheel's
+// tickets) as the bets, and the history to check them against.
 void PrizeWindowsTest::resultBoxesOpenTheCheck()
 {
     QFETCH(QString, kind);
@@ -139,7 +141,13 @@ void PrizeWindowsTest::resultBoxesOpenTheCheck()
     forecasttest::addRows(history, QStringList(3, QStringLiteral("01 02 03 04 05 06 07 00")));
     std::unique_ptr<QDialog> window;
     RichTextBox* results = nullptr;
-    if (kind == "BatFilter") {
+    if (kind == "WheelWindow") {
+        auto* wheel = new WheelWindow(app.context, history);
+        window.reset(wheel);
+        wheel->redBox->setText(QStringLiteral("01 02 03 04 05 06 07 08"));
+        wheel->blueBox->setText(QStringLiteral("06"));
+        wheel->makeButton->click();
+    } else if (kind == "BatFilter") {
         window = std::make_unique<BatFilter>(app.context, history);
         results = static_cast<BatFilter*>(window.get())->RichTextBox3;
     } else {
@@ -158,8 +166,12 @@ void PrizeWindowsTest::resultBoxesOpenTheCheck()
     for (QWidget* other : window->findChildren<QWidget*>(Qt::FindDirectChildrenOnly))
         QVERIFY2(other == button || !other->geometry().intersects(button->geometry()), qPrintable(other->objectName()));
 
-    const QString bets = lines({"08 09 17 25 27 32  06", "01 02 03 04 05 06"});
-    results->setText(bets);
+    QString bets = lines({"08 09 17 25 27 32  06", "01 02 03 04 05 06"});
+    if (results)
+        results->setText(bets);
+    else
+        bets = static_cast<WheelWindow*>(window.get())->tickets.text();
+    QVERIFY(bets.startsWith(QStringLiteral("0")));
     QStringList seen;
     whenWindowShown<PrizeCheckWindow>([&](PrizeCheckWindow* check) {
         seen << check->betsBox->Text() << entries(check->drawPicker);
