@@ -30,6 +30,7 @@ void TextFilesTest::readsUtf8WithACutEndElseGb18030_data()
     QTest::newRow("four-byte sequence, cut after 1") << groups + fourBytes.first(1) << cut;
     QTest::newRow("four-byte sequence, cut after 3") << groups + fourBytes.first(3) << cut;
     QTest::newRow("nothing but a cut sequence") << fourBytes.first(2) << QString(QChar(QChar::ReplacementCharacter));
+    QTest::newRow("a byte-order mark and a cut end") << "\xef\xbb\xbf" + groups + threeBytes.first(2) << cut;
     QTest::newRow("a cut sequence before the end") << threeBytes.first(2) + groups << QString();
     QTest::newRow("a fault before a cut end") << "\xff" + groups + threeBytes.first(2) << QString();
     QTest::newRow("a second byte that no sequence has") << groups + "\xe0\x80" << QString();

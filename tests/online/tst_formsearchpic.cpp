@@ -139,9 +139,16 @@ void FormSearchPicTest::deepAndHeavyPagesShowANote_data()
     QString draws = sitepages::pageHtml(1);
     const QString pager = QStringLiteral("当前第");
     draws.replace(pager, QStringLiteral("<table><tr><td>").repeated(20) + pager);
+    const QString heavy = QStringLiteral("此页过大或过于复杂，不在此显示。");
     QTest::newRow("draws, with tables nested 20 deep below them")
-        << sitepages::gbk(draws) << QStringLiteral("此页过大或过于复杂，不在此显示。")
-        << QStringLiteral("已经导入数据：20条。");
+        << sitepages::gbk(draws) << heavy << QStringLiteral("已经导入数据：20条。");
+    const QString none = QStringLiteral("已经导入数据：0条。");
+    QTest::newRow("1,001 pictures") << QByteArray("<img src=a.png>").repeated(1001) << heavy << none;
+    QTest::newRow("1,001 list items") << "<ul>" + QByteArray("<li>x").repeated(1001) << heavy << none;
+    QTest::newRow("a table 101 columns wide") << QByteArray("<table><tr><td colspan=101>x</table>") << heavy << none;
+    QTest::newRow("a paragraph of 20,001 characters") << "<p>" + QByteArray(20001, 'x') << heavy << none;
+    QTest::newRow("elements 101 deep") << QByteArray("<div>").repeated(99) << heavy << none;
+    QTest::newRow("256 KB and more") << QByteArray("<p>x</p>").repeated(32769) << heavy << none;
 }
 
 void FormSearchPicTest::deepAndHeavyPagesShowANote()

@@ -50,11 +50,14 @@ private slots:
     void readsTheFirstTable();
     void refusesWhatWouldTakeTooLong_data();
     void refusesWhatWouldTakeTooLong();
+    void estimatesAsTheBuilderBuilds_data();
+    void estimatesAsTheBuilderBuilds();
     void estimatesAtLeastTheDepthOfTheTree();
     void walksADeepPageInASmallStack();
     void givesUpAParseBeyondItsBudget();
     void writesThePageOutAgain_data();
     void writesThePageOutAgain();
+    void writesRandomPagesOutAgain();
     void outlinesWhatLayingOutTakes_data();
     void outlinesWhatLayingOutTakes();
 };
@@ -137,6 +140,13 @@ void PageLayerTest::fetchesAsABrowser()
     browser.Navigate(LocalHttpServer::refusedBase());
     QTRY_COMPARE(events.size(), 4);
     QVERIFY(browser.Document()->getElementsByTagName(QStringLiteral("table")).isEmpty());
+    // So does a page too deep to read, under its own address.
+    LocalHttpServer deep([](const QByteArray&) { return HttpAnswer{200, QByteArray("<div>").repeated(20'000)}; });
+    browser.Navigate(deep.base() + QStringLiteral("/list_7.html"));
+    QTRY_COMPARE(events.size(), 6);
+    QCOMPARE(browser.LocationURL(), deep.base() + QStringLiteral("/list_7.html"));
+    QCOMPARE(browser.Document()->getElementsByTagName(QStringLiteral("p"))[0].innertext(),
+             QStringLiteral("此页过大或嵌套过深，无法读取。"));
 }
 
 void PageLayerTest::readsTheFirstTable_data()
@@ -209,9 +219,47 @@ void PageLayerTest::refusesWhatWouldTakeTooLong()
     QCOMPARE(document.getElementsByTagName(QStringLiteral("td")).size(), refused ? 0 : 1);
 }
 
+void PageLayerTest::estimatesAsTheBuilderBuilds_data()
+{
+    QTest::addColumn<QString>("html");
+    QTest::addColumn<int>("depth"); // html and body included, as the parse builds it
+    QTest::addColumn<qint64>("work"); // -1: not looked at
+    QTest::newRow("nothing") << "" << 2 << qint64(-1);
+    QTest::newRow("a p ends the one before") << "<p>a<p>b<p>c" << 3 << qint64(-1);
+    QTest::newRow("so does an item") << "<ul><li>a<li>b<li>c</ul>" << 4 << qint64(-1);
+    QTest::newRow("cells and rows, with their implied parts") << "<table><td>a<td>b<tr><td>c</table>" << 6 << qint64(-1);
+    QTest::newRow("a table in a cell") << "<table><tr><td><table><tr><td>x" << 10 << qint64(-1);
+    QTest::newRow("a block in a table stands in front of it") << "<table><div><td>x" << 6 << qint64(-1);
+    QTest::newRow("parts of a table outside one") << "<td>x<tr>y<caption>z" << 2 << qint64(-1);
+    QTest::newRow("an integration point opens HTML again") << "<svg><foreignObject><div><p>x" << 6 << qint64(-1);
+    QTest::newRow("a select leaves out blocks") << "<select><div><div><option>a<option>b" << 4 << qint64(-1);
+    QTest::newRow("a form in a form") << "<form><div><form><div>" << 5 << qint64(-1);
+    QTest::newRow("the text of a script") << "<script><div><div></script>" << 3 << qint64(-1);
+    QTest::newRow("an inline end tag stops at a block") << "<span><div></span></div>x" << 4 << qint64(-1);
+    QTest::newRow("formatting opened again") << "<div><b>x</div>y" << 4 << qint64(116);
+    QTest::newRow("formatting opened again, at each p") << "<p><b>x<p>y<p>z" << 4 << qint64(225);
+    QTest::newRow("text searched up to the formatting") << "<b>xxxxxxxxxx" << 3 << qint64(32);
+    QTest::newRow("an a ends the one before") << "<a href=1>x<a href=2>y" << 3 << qint64(-1);
+    QTest::newRow("headings and list terms") << "<h1><h2><h3>x<dl><dt>a<dd>b<dt>c" << 5 << qint64(-1);
+    QTest::newRow("ruby text") << "<ruby>a<rt>b<rp>c</ruby>" << 4 << qint64(-1);
+}
+
+void PageLayerTest::estimatesAsTheBuilderBuilds()
+{
+    QFETCH(QString, html);
+    QFETCH(int, depth);
+    QFETCH(qint64, work);
+    const parseestimate::Estimate estimate = parseestimate::estimate(html, 1000, qint64(1) << 40);
+    QCOMPARE(HtmlDocument(html, QUrl(QStringLiteral("http://site/"))).outline().depth, depth);
+    QCOMPARE(estimate.depth, depth);
+    if (work >= 0)
+        QCOMPARE(estimate.work, work);
+}
+
 // Random markup of the usual elements, misnested and left open, a short run
 // of tags repeated: the estimate may lose no more than a leaf element on the
-// tree that the parse builds, however often the run repeats.
+// tree that the parse builds, however often the run repeats, and takes it
+// for a few times as deep at the most.
 void PageLayerTest::estimatesAtLeastTheDepthOfTheTree()
 {
     const QStringList tags{"div", "span", "b", "i", "a", "p", "li", "ul", "ol", "table", "tr", "td", "th",
@@ -236,7 +284,9 @@ void PageLayerTest::estimatesAtLeastTheDepthOfTheTree()
         const QString html = run.repeated(random.bounded(1, 30));
         const int built = HtmlDocument(html, QUrl(QStringLiteral("http://site/"))).outline().depth;
         const int estimated = parseestimate::estimate(html, 1 << 30, qint64(1) << 60).depth;
-        QVERIFY2(estimated >= built - 1, qPrintable(QStringLiteral("%1 < %2: ").arg(estimated).arg(built) + html));
+        // Nor take a page for much deeper than it is, which would refuse it.
+        QVERIFY2(estimated >= built - 1 && estimated <= 4 * built + 8,
+                 qPrintable(QStringLiteral("%1 for %2: ").arg(estimated).arg(built) + html));
     }
 }
 
@@ -291,6 +341,22 @@ void PageLayerTest::givesUpAParseBeyondItsBudget()
     }
     GumboOutput* output = guardedparse::parse(options, frameset, 600'000, size_t(1) << 32);
     QVERIFY(output && output->root->v.element.children.length == 2); // head and frameset
+
+    // Parses on two threads at once, each with an arena of its own: one
+    // given up, the other whole.
+    GumboOutput* whole = nullptr;
+    std::unique_ptr<QThread> other(QThread::create([&] {
+        for (int round = 0; round < 20; ++round)
+            whole = guardedparse::parse(options, small, 60'000, size_t(1) << 30);
+    }));
+    other->start();
+    GumboOptions mine = options;
+    Arena myArena;
+    mine.userdata = &myArena;
+    for (int round = 0; round < 3; ++round)
+        QVERIFY(!guardedparse::parse(mine, slow, 1, size_t(1) << 30));
+    QVERIFY(other->wait());
+    QVERIFY(whole && whole->root);
 }
 
 void PageLayerTest::writesThePageOutAgain_data()
@@ -318,6 +384,38 @@ void PageLayerTest::writesThePageOutAgain()
     QCOMPARE(again.serialized(), written);
     QCOMPARE(again.getElementsByTagName(QStringLiteral("body"))[0].innertext(),
              document.getElementsByTagName(QStringLiteral("body"))[0].innertext());
+}
+
+// Random markup, misnested, with markup characters in text and values:
+// written out, it reads as the same tree and the same text.
+void PageLayerTest::writesRandomPagesOutAgain()
+{
+    // (Not all trees that a parse builds read back the same once written
+    // out: an option in an option, a p in a p... Those are left out here.)
+    const QStringList tags{"div", "span", "b", "em", "li", "ul", "pre", "br", "img", "hr", "textarea", "script",
+                           "style", "title", "xmp", "h1"};
+    const QStringList texts{"x", " ", "\n", "a < b", "&amp;", "&lt;td&gt;", "\"q\"", "'", "1 & 2", "\u00A0"};
+    const QUrl address(QStringLiteral("http://site/"));
+    for (quint32 seed = 1; seed <= 300; ++seed) {
+        QRandomGenerator random(seed);
+        const auto pick = [&](const QStringList& from) { return from[qsizetype(random.bounded(int(from.size())))]; };
+        QString html;
+        for (int i = int(random.bounded(1, 60)); i > 0; --i) {
+            const int kind = int(random.bounded(6));
+            if (kind < 3)
+                html += "<" + pick(tags) + (kind == 0 ? " title=\"" + pick(texts).toHtmlEscaped() + "\" id=x" : "") + ">";
+            else if (kind < 4)
+                html += "</" + pick(tags) + ">";
+            else
+                html += pick(texts);
+        }
+        HtmlDocument document(html, address);
+        const QString written = document.serialized();
+        HtmlDocument again(written, address);
+        QCOMPARE(again.serialized(), written);
+        QCOMPARE(again.getElementsByTagName(QStringLiteral("html"))[0].innertext(),
+                 document.getElementsByTagName(QStringLiteral("html"))[0].innertext());
+    }
 }
 
 void PageLayerTest::outlinesWhatLayingOutTakes_data()
