@@ -10,6 +10,8 @@
 //   emoji (batfilter_astral_10mb_ms);
 // - 1 MB of text against 30,000 lines of a digit and one of 30,000
 //   different characters (batfilter_wide_alphabet_ms);
+// - 4 MB of runs of one letter against 2,300 lines that end inside one
+//   another (batfilter_nested_patterns_ms);
 // and the longest stretch between two runs of pending events, or from the
 // start or to the end of a run, over all of these: in processor time of the
 // filter's thread, the work done in it (batfilter_longest_gap_ms), and in
@@ -100,6 +102,23 @@ Lists wideAlphabet()
     return {kept, takenOut.join(lineEnd)};
 }
 
+// Lines to take out that end inside one another ("a", "aaaaaaaa", ...)
+// behind longer ones that never match, over 4 MB of "a" runs parted by "b":
+// each "a" run of the first text ends in the longest chain of them.
+Lists nestedPatterns()
+{
+    QString kept;
+    for (int run = 0; run < 2000; ++run)
+        kept += QString(2000, QLatin1Char('a')) + QLatin1Char('b');
+    QString takenOut;
+    for (int length = 1999; length >= 1; --length)
+        takenOut += QString(length, QLatin1Char('a')) + QLatin1Char('c') + lineEnd;
+    takenOut += QStringLiteral("b") + lineEnd;
+    for (int length = 1; length < 2000; length += 7)
+        takenOut += QString(length, QLatin1Char('a')) + lineEnd;
+    return {kept, takenOut};
+}
+
 double longestGapMs = 0;
 double longestGapWallMs = 0;
 
@@ -167,12 +186,18 @@ int main()
     if (!wideResult.isEmpty())
         qFatal("the wide alphabet left something");
 
+    const Lists nested = nestedPatterns();
+    const auto [nestedMs, nestedResult] = timed(nested, groupfilter::filterGroups, 1);
+    if (!nestedResult.isEmpty())
+        qFatal("the nested lines left something");
+
     std::printf("batfilter_10000x10000_ms: %.2f\n", smallMs);
     std::printf("batfilter_100000x100000_ms: %.2f\n", largeMs);
     std::printf("batfilter_plain_10000x10000_ms: %.2f\n", plainMs);
     std::printf("batfilter_1mbline_ms: %.2f\n", lineMs);
     std::printf("batfilter_astral_10mb_ms: %.2f\n", astralMs);
     std::printf("batfilter_wide_alphabet_ms: %.2f\n", wideMs);
+    std::printf("batfilter_nested_patterns_ms: %.2f\n", nestedMs);
     std::printf("batfilter_longest_gap_ms: %.2f\n", longestGapMs);
     std::printf("batfilter_longest_gap_wall_ms: %.2f\n", longestGapWallMs);
     return 0;

@@ -11,6 +11,7 @@
 #include <limits>
 #include <memory>
 #include <span>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -50,7 +51,7 @@ private:
 class Pacer {
 public:
     static constexpr qsizetype PauseEvery = 1 << 16;
-    static constexpr qint64 MaximumPause = 50'000'000; // nanoseconds
+    static constexpr qint64 MaximumPause = 30'000'000; // nanoseconds
 
     explicit Pacer(const LetEventsRun& letEventsRun) : m_letEventsRun(letEventsRun), m_since(threadTime()) {}
 
@@ -65,6 +66,20 @@ public:
             if (threadTime() - m_since < MaximumPause)
                 return;
         }
+        pause();
+    }
+
+    // After work that isn't counted in steps (memory given back): events
+    // run if its time has come.
+    void tick()
+    {
+        if (threadTime() - m_since >= MaximumPause)
+            pause();
+    }
+
+private:
+    void pause()
+    {
         if (m_letEventsRun)
             m_letEventsRun();
         m_work = 0;
@@ -72,7 +87,7 @@ public:
         m_since = threadTime();
     }
 
-private:
+
     // The processor time of this thread, in nanoseconds.
     static qint64 threadTime()
     {
@@ -183,8 +198,17 @@ TakenOut readTakenOut(QStringView takenOut, Pacer& pacer)
 class PieceFilter {
 public:
     PieceFilter(const PatternAutomaton& automaton, const PatternList& patterns, Pacer& pacer)
-        : m_automaton(automaton), m_patterns(patterns), m_pacer(pacer)
+        : m_automaton(automaton),
+          m_patterns(patterns),
+          m_pacer(pacer),
+          m_memo(automaton, [&pacer](qsizetype steps) { pacer.worked(steps); })
     {
+        const auto count = size_t(patterns.count());
+        m_firstWaiting.reserve(count);
+        for (size_t at = 0; at < count; at += size_t(Part)) {
+            m_firstWaiting.resize(std::min(count, at + size_t(Part)), -1);
+            pacer.worked(Part);
+        }
     }
 
     // Appends what the patterns, taken out in their order, leave of `piece`.
@@ -203,8 +227,8 @@ public:
         // long on a long piece.
         m_entries.clear();
         m_entries.reserve(2 * size_t(length));
-        m_queue.clear();
-        m_queue.reserve(2 * size_t(length));
+        m_found.reserve(size_t(length));
+        m_cuts.reserve(size_t(length));
         PatternAutomaton::State state = PatternAutomaton::root();
         for (qint32 i = 0; i < length; ++i) {
             m_symbol.push_back(symbolAt(i, i - 1));
@@ -214,7 +238,7 @@ public:
             file(i, state, 0);
             m_pacer.worked(1);
         }
-        if (m_queue.empty()) {
+        if (m_numbersWaiting.empty()) {
             // No pattern occurs: the piece stays as it is, copied in parts.
             for (qsizetype at = 0; at < piece.size(); at += Part) {
                 const qsizetype size = std::min(Part, piece.size() - at);
@@ -230,7 +254,7 @@ public:
             m_pacer.worked(1);
         }
         m_first = 0;
-        while (!m_queue.empty())
+        while (!m_numbersWaiting.empty())
             takeOutNext();
         for (qint32 i = m_first; i >= 0; i = m_next[size_t(i)]) {
             out += piece[i];
@@ -238,12 +262,32 @@ public:
         }
     }
 
-private:
-    using Queued = std::pair<qint32, qint32>; // pattern number, entry
+    // Gives the memory back one array at a time, each counted as work: on a
+    // long piece, even that takes its time.
+    void release()
+    {
+        const auto free = [this](auto& array) {
+            std::remove_reference_t<decltype(array)>().swap(array);
+            m_pacer.tick();
+        };
+        free(m_symbol);
+        free(m_state);
+        free(m_next);
+        free(m_previous);
+        free(m_entries);
+        free(m_entryAt);
+        free(m_firstWaiting);
+        free(m_numbersWaiting);
+        free(m_found);
+        free(m_merged);
+        free(m_cuts);
+    }
 
+private:
     struct Entry {
         qint32 end;
         PatternAutomaton::State state;
+        qint32 nextWaiting; // the next entry queued under the same pattern, or -1
     };
 
     // The symbol of the unit at `at`, compared as following the unit at
@@ -256,20 +300,33 @@ private:
 
     void queue(qint32 number, qint32 entry)
     {
-        m_queue.emplace_back(number, entry);
-        std::push_heap(m_queue.begin(), m_queue.end(), std::greater<>());
+        qint32& first = m_firstWaiting[size_t(number)];
+        if (first < 0) {
+            m_numbersWaiting.push_back(number);
+            std::push_heap(m_numbersWaiting.begin(), m_numbersWaiting.end(), std::greater<>());
+        }
+        m_entries[size_t(entry)].nextWaiting = first;
+        first = entry;
+    }
+
+    qint32 lookUp(PatternAutomaton::State state, qint32 from)
+    {
+        qsizetype steps = 0;
+        const qint32 number = m_automaton.firstPatternFrom(state, from, m_memo, steps);
+        m_pacer.worked(steps);
+        return number;
     }
 
     // Gives the unit at `end` a new entry for the patterns from `from` on
     // that may end there, or none.
     void file(qint32 end, PatternAutomaton::State state, qint32 from)
     {
-        const qint32 number = m_automaton.firstPatternFrom(state, from);
+        const qint32 number = lookUp(state, from);
         if (number < 0) {
             m_entryAt[size_t(end)] = -1;
             return;
         }
-        m_entries.push_back({end, state});
+        m_entries.push_back({end, state, -1});
         m_entryAt[size_t(end)] = qint32(m_entries.size() - 1);
         queue(number, qint32(m_entries.size() - 1));
     }
@@ -277,7 +334,7 @@ private:
     void refile(qint32 entry, qint32 from)
     {
         const Entry& e = m_entries[size_t(entry)];
-        const qint32 number = m_automaton.firstPatternFrom(e.state, from);
+        const qint32 number = lookUp(e.state, from);
         if (number < 0)
             m_entryAt[size_t(e.end)] = -1;
         else
@@ -288,12 +345,14 @@ private:
     // the leftmost first, then the leftmost behind it, none overlapping.
     void takeOutNext()
     {
-        const qint32 number = m_queue.front().first;
+        std::pop_heap(m_numbersWaiting.begin(), m_numbersWaiting.end(), std::greater<>());
+        const qint32 number = m_numbersWaiting.back();
+        m_numbersWaiting.pop_back();
         m_found.clear();
-        while (!m_queue.empty() && m_queue.front().first == number) {
-            const qint32 entry = m_queue.front().second;
-            std::pop_heap(m_queue.begin(), m_queue.end(), std::greater<>());
-            m_queue.pop_back();
+        qint32 waiting = std::exchange(m_firstWaiting[size_t(number)], -1);
+        while (waiting >= 0) {
+            const qint32 entry = waiting;
+            waiting = m_entries[size_t(entry)].nextWaiting; // (refiling queues it anew)
             m_pacer.worked(1);
             const qint32 end = m_entries[size_t(entry)].end;
             if (m_entryAt[size_t(end)] != entry)
@@ -306,8 +365,7 @@ private:
             return;
 
         // The chain keeps the piece's order, so positions in the piece order the matches.
-        std::sort(m_found.begin(), m_found.end());
-        m_pacer.worked(qsizetype(m_found.size()));
+        sortFound();
         m_cuts.clear();
         qint32 lastEnd = -1;
         for (const auto& [start, end] : m_found) {
@@ -319,6 +377,37 @@ private:
             lastEnd = end;
         }
         readOnAfterCuts(number + 1);
+    }
+
+    // Sorts the matches found, counting the work as it goes: one sort of
+    // millions of matches takes longer than the window may wait. Runs of
+    // them are sorted, then merged two by two.
+    void sortFound()
+    {
+        constexpr size_t Run = 1024;
+        const size_t count = m_found.size();
+        for (size_t at = 0; at < count; at += Run) {
+            const size_t end = std::min(count, at + Run);
+            std::sort(m_found.begin() + qsizetype(at), m_found.begin() + qsizetype(end));
+            m_pacer.worked(qsizetype(end - at));
+        }
+        if (count <= Run)
+            return;
+        m_merged.clear();
+        m_merged.reserve(count);
+        for (size_t width = Run; width < count; width *= 2) {
+            for (size_t at = 0; at < count; at += 2 * width) {
+                const size_t middle = std::min(count, at + width);
+                const size_t end = std::min(count, at + 2 * width);
+                for (size_t left = at, right = middle; left < middle || right < end;) {
+                    const bool fromLeft = right == end || (left < middle && m_found[left] < m_found[right]);
+                    m_merged.push_back(m_found[fromLeft ? left++ : right++]);
+                    m_pacer.worked(1);
+                }
+            }
+            m_found.swap(m_merged);
+            m_merged.clear();
+        }
     }
 
     // Where the match of pattern `number` that ends at `end` starts, or -1
@@ -388,6 +477,7 @@ private:
     const PatternAutomaton& m_automaton;
     const PatternList& m_patterns;
     Pacer& m_pacer;
+    PatternAutomaton::Memo m_memo;
     // The piece at hand.
     QStringView m_piece;
     std::vector<PatternAutomaton::Symbol> m_symbol;
@@ -397,8 +487,13 @@ private:
     qint32 m_first = -1;
     std::vector<Entry> m_entries;
     std::vector<qint32> m_entryAt; // the unit's current entry, or -1
-    std::vector<Queued> m_queue;   // a heap, lowest pattern number first
+    // The entries queued under each pattern number, as a list through
+    // Entry::nextWaiting, and the numbers that have some, as a heap, the
+    // lowest first.
+    std::vector<qint32> m_firstWaiting;
+    std::vector<qint32> m_numbersWaiting;
     std::vector<std::pair<qint32, qint32>> m_found;
+    std::vector<std::pair<qint32, qint32>> m_merged; // room for sorting m_found
     std::vector<qint32> m_cuts;
 };
 
@@ -420,11 +515,11 @@ QString filterGroupsSequentially(const QString& kept, const QString& takenOut, c
 QString filterGroups(const QString& kept, const QString& takenOut, const LetEventsRun& letEventsRun)
 {
     Pacer pacer(letEventsRun);
-    const TakenOut read = readTakenOut(takenOut, pacer);
+    TakenOut read = readTakenOut(takenOut, pacer);
     if (kept.size() > std::numeric_limits<qint32>::max())
         return filterGroupsSequentially(kept, takenOut, letEventsRun);
 
-    auto automaton = std::make_unique<const PatternAutomaton>(read.patterns,
+    auto automaton = std::make_unique<PatternAutomaton>(read.patterns,
                                                               [&pacer](qsizetype steps) { pacer.worked(steps); });
     auto filter = std::make_unique<PieceFilter>(*automaton, read.patterns, pacer);
     // The count of the lines taken out advances with the share of the first
@@ -449,10 +544,13 @@ QString filterGroups(const QString& kept, const QString& takenOut, const LetEven
         }
     }
     // Freeing the memory of a large run takes its time too: a part at a time.
+    filter->release();
     filter.reset();
-    pacer.worked(Part);
+    pacer.tick();
+    automaton->release([&pacer] { pacer.tick(); });
     automaton.reset();
-    pacer.worked(Part);
+    read = {};
+    pacer.tick();
     return collectLines(rest, count, &pacer);
 }
 

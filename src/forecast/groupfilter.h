@@ -17,7 +17,7 @@
 // `filterGroups` doesn't go through the lines to take out one by one: the
 // count of those lines advances with its progress through the first text.
 // It also lets events run after every so much work (some 65,000 steps, or
-// 50 ms of the processor's time, whichever comes first), outside the count,
+// 30 ms of the processor's time, whichever comes first), outside the count,
 // so that the window keeps answering throughout; on short texts, events run
 // just as the count says.
 

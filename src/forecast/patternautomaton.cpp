@@ -3,6 +3,7 @@
 #include <QChar>
 
 #include <algorithm>
+#include <type_traits>
 #include <utility>
 
 char32_t foldedUnit(char16_t unit, char16_t previous)
@@ -47,6 +48,21 @@ PatternAutomaton::PatternAutomaton(const PatternList& patterns, const Worked& wo
     m_worked = nullptr;
 }
 
+void PatternAutomaton::release(const std::function<void()>& afterEach)
+{
+    const auto free = [&afterEach](auto& array) {
+        std::remove_reference_t<decltype(array)>().swap(array);
+        afterEach();
+    };
+    free(m_symbolOfUnit);
+    free(m_rootChild);
+    free(m_nodes);
+    free(m_table);
+    free(m_numbersBegin);
+    free(m_numbers);
+    m_symbolOfPair.clear();
+}
+
 PatternAutomaton::State PatternAutomaton::addChild(State state, Symbol symbol)
 {
     const auto added = State(m_nodes.size());
@@ -75,8 +91,16 @@ PatternAutomaton::State PatternAutomaton::addChild(State state, Symbol symbol)
 void PatternAutomaton::putInTable(State parent, Symbol symbol, State child)
 {
     if (2 * (m_inTable + 1) > m_table.size()) {
-        // Twice as large, and all in again.
-        std::vector<Child> old(std::max<size_t>(1024, 2 * m_table.size()));
+        // Twice as large, and all in again. (The new table is filled a part
+        // at a time, counted as work: on a long list, even the first touch
+        // of its memory takes its time.)
+        const size_t size = std::max<size_t>(1024, 2 * m_table.size());
+        std::vector<Child> old;
+        old.reserve(size);
+        for (size_t at = 0; at < size; at += 4096) {
+            old.resize(std::min(size, at + 4096));
+            step(4096);
+        }
         old.swap(m_table);
         m_mask = m_table.size() - 1;
         m_inTable = 0;
@@ -161,21 +185,55 @@ void PatternAutomaton::linkFailures()
     }
 }
 
-qint32 PatternAutomaton::firstPatternFrom(State state, qint32 from) const
+PatternAutomaton::Memo::Memo(const PatternAutomaton& automaton, const Worked& worked)
 {
-    qint32 best = -1;
+    const size_t states = automaton.m_nodes.size();
+    m_round.reserve(states);
+    m_found.reserve(states);
+    // (A part at a time: on a long list, even the first touch of the memory
+    // takes its time.)
+    for (size_t at = 0; at < states; at += 4096) {
+        const size_t part = std::min<size_t>(4096, states - at);
+        m_round.resize(at + part, 0);
+        m_found.resize(at + part, None);
+        if (worked)
+            worked(qsizetype(part));
+    }
+}
+
+qint32 PatternAutomaton::firstPatternFrom(State state, qint32 from, Memo& memo, qsizetype& steps) const
+{
+    if (from < memo.m_lastFrom)
+        ++memo.m_currentRound; // the answers found were for a larger `from`
+    memo.m_lastFrom = from;
+    // Down the chain to the first state whose answer is known, or below
+    // which no pattern of at least `from` ends...
+    qint32 found = Memo::None;
+    memo.m_toFind.clear();
     for (State t = m_nodes[size_t(state)].output; t >= 0;) {
+        ++steps;
         const Node& node = m_nodes[size_t(t)];
         if (node.highestOnChain < from)
-            break; // nothing of at least `from` further down the chain
-        if (node.lowestOnChain >= from) // all further down will do: the lowest of them
-            return best < 0 ? node.lowestOnChain : std::min(best, node.lowestOnChain);
-        const auto begin = m_numbers.begin() + m_numbersBegin[size_t(t)];
-        const auto end = m_numbers.begin() + m_numbersBegin[size_t(t) + 1];
-        const auto found = std::lower_bound(begin, end, from);
-        if (found != end && (best < 0 || *found < best))
-            best = *found;
+            break;
+        if (node.lowestOnChain >= from) {
+            found = node.lowestOnChain; // all further down will do: the lowest of them
+            break;
+        }
+        if (memo.m_round[size_t(t)] == memo.m_currentRound && memo.m_found[size_t(t)] >= from) {
+            found = memo.m_found[size_t(t)];
+            break;
+        }
+        memo.m_toFind.push_back(t);
         t = m_nodes[size_t(node.fail)].output;
     }
-    return best;
+    // ...and back up, each state's answer the lower of its own and the one below.
+    for (auto t = memo.m_toFind.rbegin(); t != memo.m_toFind.rend(); ++t) {
+        const auto begin = m_numbers.begin() + m_numbersBegin[size_t(*t)];
+        const auto end = m_numbers.begin() + m_numbersBegin[size_t(*t) + 1];
+        if (const auto own = std::lower_bound(begin, end, from); own != end)
+            found = std::min(found, *own);
+        memo.m_round[size_t(*t)] = memo.m_currentRound;
+        memo.m_found[size_t(*t)] = found;
+    }
+    return found == Memo::None ? -1 : found;
 }

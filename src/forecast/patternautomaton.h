@@ -10,6 +10,7 @@
 #include <QtGlobal>
 
 #include <functional>
+#include <limits>
 #include <span>
 #include <vector>
 
@@ -49,6 +50,11 @@ public:
     // so that the caller can let pending events run.
     explicit PatternAutomaton(const PatternList& patterns, const Worked& worked = {});
 
+    // Gives the memory back one array at a time, calling `afterEach` after
+    // each: on a long list, even that takes its time. Nothing may be looked
+    // up after.
+    void release(const std::function<void()>& afterEach);
+
     static constexpr State root() { return 0; }
 
     Symbol symbolOf(char32_t folded) const
@@ -74,9 +80,31 @@ public:
         }
     }
 
+    // What firstPatternFrom has found for the states it looked at. While
+    // `from` doesn't go down, an answer found stays the answer as long as
+    // it is at least `from`; a smaller `from` than the last forgets all.
+    // Its memory is filled as `worked` is told, like a build's.
+    class Memo {
+    public:
+        Memo(const PatternAutomaton& automaton, const Worked& worked = {});
+
+    private:
+        friend class PatternAutomaton;
+        static constexpr qint32 None = std::numeric_limits<qint32>::max();
+        std::vector<qint32> m_round; // the round in which the answer was found
+        std::vector<qint32> m_found; // a pattern number, or None
+        qint32 m_currentRound = 1;
+        qint32 m_lastFrom = 0;
+        std::vector<State> m_toFind;
+    };
+
     // The lowest pattern number of at least `from` among the patterns that
     // end where the text read has led to `state`; -1 when there is none.
-    qint32 firstPatternFrom(State state, qint32 from) const;
+    // Each state on the way down the chain of patterns that end there is
+    // counted in `steps`; with the answers the memo keeps, a run of looks
+    // whose `from` only grows costs about one step a look, however long the
+    // chains.
+    qint32 firstPatternFrom(State state, qint32 from, Memo& memo, qsizetype& steps) const;
 
 private:
     // A state's children: a short list of siblings, or for a state with
@@ -112,10 +140,11 @@ private:
     void putInTable(State parent, Symbol symbol, State child);
     void linkFailures();
     void groupPatternNumbers(const std::vector<State>& endState);
-    // One step of the build's work.
-    void step()
+    // Steps of the build's work, one unless told.
+    void step(qsizetype steps = 1)
     {
-        if (++m_steps == 256) {
+        m_steps += steps;
+        if (m_steps >= 256) {
             if (m_worked && *m_worked)
                 (*m_worked)(m_steps);
             m_steps = 0;

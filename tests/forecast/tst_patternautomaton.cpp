@@ -58,12 +58,15 @@ void PatternAutomatonTest::findsEveryPatternThatEnds()
             patterns.endPattern();
         }
         const PatternAutomaton automaton(patterns);
+        PatternAutomaton::Memo memo(automaton);
+        qsizetype steps = 0;
         const std::vector<char32_t> text = folded(pieces(60));
         PatternAutomaton::State state = PatternAutomaton::root();
         for (size_t end = 0; end < text.size(); ++end) {
             state = automaton.step(state, automaton.symbolOf(text[end]));
             QList<qint32> told;
-            for (qint32 n = automaton.firstPatternFrom(state, 0); n >= 0; n = automaton.firstPatternFrom(state, n + 1))
+            for (qint32 n = automaton.firstPatternFrom(state, 0, memo, steps); n >= 0;
+                 n = automaton.firstPatternFrom(state, n + 1, memo, steps))
                 told.append(n);
             QList<qint32> there;
             for (size_t n = 0; n < each.size(); ++n) {
