@@ -10,12 +10,16 @@
 //
 // Done literally, that costs (lines taken out) × (length of the first text).
 // `filterGroups` gives the same text, character for character, in time close
-// to linear in the input; `filterGroupsSequentially` is the literal way.
+// to linear in the input, whatever its shape: one line of megabytes, lines
+// to take out of megabytes, characters beyond the basic plane and lone
+// halves of surrogate pairs, thousands of different characters, line ends
+// in a line to take out. `filterGroupsSequentially` is the literal way.
 // `filterGroups` doesn't go through the lines to take out one by one: the
 // count of those lines advances with its progress through the first text.
-// On long texts (some 65,000 characters and more) it also lets events run
-// after every so much work, outside the count, so that the window keeps
-// answering throughout; shorter texts see events run as the count says.
+// It also lets events run after every so much work (some 65,000 steps, or
+// 30 ms of the processor's time, whichever comes first), outside the count,
+// so that the window keeps answering throughout; on short texts, events run
+// just as the count says.
 
 #include <QString>
 

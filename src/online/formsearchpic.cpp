@@ -1,5 +1,6 @@
 #include "online/formsearchpic.h"
 
+#include "online/htmldocument.h"
 #include "online/onlineimport.h"
 #include "online/pagebrowser.h"
 #include "platform/textrules.h"
@@ -35,6 +36,36 @@ public:
 // colours they have on the site, red and blue, and the cells some room.
 const QString pageStyle = QStringLiteral("em { font-style: normal; font-weight: bold; color: #1450a0; }"
                                          "em.rr { color: #d01010; } td { padding: 2px 6px; }");
+
+// The view takes its time over a page: about as much as the page is long,
+// and more with its depth, its pictures, its list items, the length of a
+// paragraph and above all with the grid of its tables, rows by columns,
+// twice for every table around a table. A page beyond these is not shown.
+constexpr qsizetype viewCharacters = 256 * 1024;
+constexpr int viewDepth = 100;
+constexpr qsizetype viewImages = 1000;
+constexpr qsizetype viewListItems = 1000;
+constexpr qsizetype viewColumns = 100;
+constexpr qsizetype viewTableGrid = 4000;
+constexpr qsizetype viewLine = 20000;
+
+// What the view is given: the page written out again from its parsed tree,
+// so that what was measured is what the view lays out; or, for a page that
+// would take the view too long, a note in its place.
+QString shownPage(const HtmlDocument& document)
+{
+    if (document.html().size() <= viewCharacters) {
+        const HtmlDocument::Outline outline = document.outline();
+        if (outline.depth <= viewDepth && outline.images <= viewImages && outline.listItems <= viewListItems
+            && outline.widestTable <= viewColumns && outline.tableGrid <= viewTableGrid
+            && outline.longestLine <= viewLine) {
+            const QString page = document.serialized();
+            if (page.size() <= viewCharacters)
+                return page;
+        }
+    }
+    return QStringLiteral("<h3>无法显示此页</h3><p>此页过大或过于复杂，不在此显示。</p>");
+}
 
 constexpr int windowWidth = 960;
 constexpr int windowHeight = 680;
@@ -158,7 +189,7 @@ void FormSearchPic::WebBrowser1_NavigateComplete2(PageBrowser* frame, const QStr
     // The page is shown as it has come. No script runs in it, so there is no
     // alert, confirm, dialog or window.open to take away from it.
     if (const HtmlDocument* document = frame->Document())
-        PageView->setHtml(document->html());
+        PageView->setHtml(shownPage(*document));
 }
 
 void FormSearchPic::WebBrowser1_DocumentComplete(PageBrowser* frame, const QString& url)

@@ -77,6 +77,10 @@ void PageBrowser::Navigate(const QString& url)
 void PageBrowser::arrive(const QString& requested, const QString& html, const QUrl& location)
 {
     m_document = std::make_unique<HtmlDocument>(html, location);
+    if (m_document->isRefused()) {
+        const QString reason = QStringLiteral("此页过大或嵌套过深，无法读取。");
+        m_document = std::make_unique<HtmlDocument>(errorPage(reason), location);
+    }
     emit NavigateComplete2(this, requested);
     emit DocumentComplete(this, requested);
 }

@@ -5,8 +5,9 @@
 // declared charset, parses it into an HtmlDocument and raises the events
 // that a browser raises for a finished navigation, NavigateComplete2 and
 // then DocumentComplete, for its one frame. A navigation that fails still
-// completes, on a page that says so, as a browser shows its error page; a new
-// navigation drops the one under way. The document stays the old one until
+// completes, on a page that says so, as a browser shows its error page, and
+// so does one whose page the document refuses (too large, or nested too
+// deep, to parse in good time); a new navigation drops the one under way. The document stays the old one until
 // the new page has come, so a page that never comes leaves the last one
 // showing. No script runs in these pages: nothing in them can open a window
 // or close one.

@@ -12,13 +12,26 @@ QString lines(const QStringList& list)
     return list.join(QStringLiteral("\r\n"));
 }
 
-// Random lists over an alphabet: lines of the first list, some repeated or
-// blank; lines to take out cut from anywhere in the first list (so
-// they start and end inside numbers) or from what earlier removals leave, in
-// changed case, padded or blank; now and then one that holds a lone CR or LF,
-// and on even seeds none that holds half of a surrogate pair.
-std::pair<QString, QString> randomLists(quint32 seed, const QStringList& alphabet, bool lineBreaksInKept)
+// The shape of random lists: up to so many lines of up to so many tokens
+// over an alphabet, some with a lone CR or LF in the first list.
+struct Shape {
+    QStringList alphabet;
+    bool lineBreaksInKept = false;
+    int lines = 40;
+    int tokens = 8;
+};
+
+// Random lists of a shape: lines of the first list, some repeated or
+// blank; lines to take out cut from anywhere in the first list (so they
+// start and end inside numbers, or inside surrogate pairs), whole lines of
+// it, or cut from what earlier removals leave, in changed case, padded or
+// blank; now and then one that holds a lone CR or LF, and on even seeds
+// none that holds half of a surrogate pair.
+std::pair<QString, QString> randomLists(quint32 seed, const Shape& shape)
 {
+    const QStringList& alphabet = shape.alphabet;
+    const bool lineBreaksInKept = shape.lineBreaksInKept;
+    const int longestPiece = std::max(12, shape.tokens / 2);
     QRandomGenerator random(seed);
     const auto pick = [&](const QStringList& from) { return from[qsizetype(random.bounded(int(from.size())))]; };
     const auto piece = [&](const QString& text, int longest) {
@@ -26,9 +39,9 @@ std::pair<QString, QString> randomLists(quint32 seed, const QStringList& alphabe
     };
 
     QStringList kept;
-    for (int i = int(random.bounded(1, 40)); i > 0; --i) {
+    for (int i = int(random.bounded(1, shape.lines)); i > 0; --i) {
         QStringList tokens;
-        for (int t = int(random.bounded(8)); t > 0; --t)
+        for (int t = int(random.bounded(shape.tokens)); t > 0; --t)
             tokens.append(pick(alphabet));
         QString line = !kept.isEmpty() && random.bounded(4) == 0 ? pick(kept) : tokens.join(QLatin1Char(' '));
         if (lineBreaksInKept && random.bounded(6) == 0)
@@ -41,8 +54,8 @@ std::pair<QString, QString> randomLists(quint32 seed, const QStringList& alphabe
     QStringList takenOut;
     for (int i = int(random.bounded(30)); i > 0; --i) {
         const int kind = int(random.bounded(4));
-        QString line = kind == 0 ? piece(keptText, 12)
-                       : kind == 1 ? piece(left, 8)
+        QString line = kind == 0 ? piece(keptText, longestPiece)
+                       : kind == 1 ? piece(left, longestPiece - 4)
                        : kind == 2 ? pick(kept)
                                    : pick(alphabet) + QLatin1Char(' ') + pick(alphabet);
         for (QChar& c : line)
@@ -67,6 +80,8 @@ std::pair<QString, QString> randomLists(quint32 seed, const QStringList& alphabe
 
 } // namespace
 
+Q_DECLARE_METATYPE(Shape)
+
 class GroupFilterTest : public QObject {
     Q_OBJECT
 
@@ -77,6 +92,7 @@ private slots:
     void agreesWithTheSequentialWay();
     void eventsRunEveryHundredLinesOfBothLists_data();
     void eventsRunEveryHundredLinesOfBothLists();
+    void eventsRunAsTheWorkGoesOnOneLongLine();
 };
 
 void GroupFilterTest::designedCases_data()
@@ -97,6 +113,11 @@ void GroupFilterTest::designedCases_data()
                                                                      << lines({"05  07", "08", ""});
     QTest::newRow("duplicates all go, the others stay in order") << lines({six, "09", six, "10", six}) << six
                                                                  << lines({"09", "10", ""});
+    QTest::newRow("a pair beyond the basic plane, in the other case")
+        << QStringLiteral("\U00010400x \U00010428y") << QStringLiteral("\U00010428") << lines({"x y", ""});
+    QTest::newRow("halves that meet once a cut is made") << QString(QChar(0xD801)) + "ab" + QChar(0xDC00) + " c"
+                                                          << lines({"ab", "\U00010428"}) << lines({"c", ""});
+    QTest::newRow("a line end in a line to take out") << "a\nb\r\nc" << "A\nB" << lines({"c", ""});
 }
 
 void GroupFilterTest::designedCases()
@@ -110,25 +131,40 @@ void GroupFilterTest::designedCases()
 
 void GroupFilterTest::agreesWithTheSequentialWay_data()
 {
-    QTest::addColumn<QStringList>("alphabet");
-    QTest::addColumn<bool>("lineBreaksInKept");
+    QTest::addColumn<Shape>("shape");
     QTest::addColumn<quint32>("firstSeed");
-    QTest::newRow("two-digit numbers") << QStringList{"01", "02", "03", "10", "11", "12", "20", "21"} << false << 1u;
-    QTest::newRow("short numbers, line ends") << QStringList{"1", "2", "11", "12", "21"} << true << 10001u;
-    QTest::newRow("letters in mixed case") << QStringList{"a", "B", "ab", "Ab", "BA", "aB"} << false << 20001u;
+    QTest::addColumn<int>("seeds");
+    const QString high(QChar(0xD801));
+    const QString low(QChar(0xDC00));
+    const QString foldedLow(QChar(0xDC28));
+    QStringList wide{"0"}; // thousands of units that follow the same one
+    for (char16_t c = 0x4E00; c < 0x4E00 + 3000; ++c)
+        wide.append(QStringLiteral("0") + QChar(c));
+    QTest::newRow("two-digit numbers") << Shape{{"01", "02", "03", "10", "11", "12", "20", "21"}} << 1u << 400;
+    QTest::newRow("short numbers, line ends") << Shape{{"1", "2", "11", "12", "21"}, true} << 10001u << 400;
+    QTest::newRow("letters in mixed case") << Shape{{"a", "B", "ab", "Ab", "BA", "aB"}} << 20001u << 400;
     QTest::newRow("characters that fold in odd ways")
-        << QStringList{"s", "S", "\u00DF", "\u1E9E", "k", "\u212A", "\u03C3", "\u03A3", "\u03C2", "\u0130", "i"}
-        << true << 30001u;
-    QTest::newRow("surrogates") << QStringList{"\U0001F600", "\U00010400", "\U00010428", "x", "X"} << false << 40001u;
+        << Shape{{"s", "S", "\u00DF", "\u1E9E", "k", "\u212A", "\u03C3", "\u03A3", "\u03C2", "\u0130", "i"}, true}
+        << 30001u << 400;
+    QTest::newRow("beyond the basic plane") << Shape{{"\U0001F600", "\U00010400", "\U00010428", "x", "X"}} << 40001u
+                                            << 400;
+    QTest::newRow("beyond the basic plane, with lone halves")
+        << Shape{{"\U00010400", "\U00010428", "\U000104B0", "\U000104D8", high, low, foldedLow, high + high, "x"}, true}
+        << 50001u << 600;
+    QTest::newRow("a wide alphabet") << Shape{wide, false, 20, 40} << 60001u << 150;
+    QTest::newRow("long lines") << Shape{{"01", "02", "03", "10", "11", "12", "20", "21"}, false, 3, 3000} << 70001u
+                                << 40;
+    QTest::newRow("long lines beyond the basic plane")
+        << Shape{{"\U00010400", "\U00010428", high, low, "x", "X"}, true, 3, 3000} << 80001u << 40;
 }
 
 void GroupFilterTest::agreesWithTheSequentialWay()
 {
-    QFETCH(QStringList, alphabet);
-    QFETCH(bool, lineBreaksInKept);
+    QFETCH(Shape, shape);
     QFETCH(quint32, firstSeed);
-    for (quint32 seed = firstSeed; seed < firstSeed + 400; ++seed) {
-        const auto [kept, takenOut] = randomLists(seed, alphabet, lineBreaksInKept);
+    QFETCH(int, seeds);
+    for (quint32 seed = firstSeed; seed < firstSeed + quint32(seeds); ++seed) {
+        const auto [kept, takenOut] = randomLists(seed, shape);
         QCOMPARE(filterGroups(kept, takenOut, {}), filterGroupsSequentially(kept, takenOut, {}));
     }
 }
@@ -157,6 +193,17 @@ void GroupFilterTest::eventsRunEveryHundredLinesOfBothLists()
     filterGroups(kept, takenOut, [&] { ++yieldsNow; });
     QCOMPARE(sequentialYields, yields);
     QCOMPARE(yieldsNow, yields);
+}
+
+// One line of a megabyte counts as one line, yet its work lets events run
+// again and again: some 65,000 steps of work lie between two runs at most.
+void GroupFilterTest::eventsRunAsTheWorkGoesOnOneLongLine()
+{
+    const QString line = QStringLiteral("01 02 03 04 05 06 07 ").repeated(50'000);
+    int yields = 0;
+    const QString left = filterGroups(line, QStringLiteral("01\r\n") + line, [&] { ++yields; });
+    QCOMPARE(left, QStringLiteral("02 03 04 05 06 07  ").repeated(50'000).trimmed() + QStringLiteral("\r\n"));
+    QVERIFY2(yields >= 1'050'000 / 65'536, qPrintable(QString::number(yields)));
 }
 
 QTEST_APPLESS_MAIN(GroupFilterTest)

@@ -29,6 +29,8 @@ private slots:
     void pagesCommandsAndLinks();
     void menuImportsEveryPageOnce_data();
     void menuImportsEveryPageOnce();
+    void deepAndHeavyPagesShowANote_data();
+    void deepAndHeavyPagesShowANote();
 };
 
 void FormSearchPicTest::pagesCommandsAndLinks()
@@ -121,6 +123,47 @@ void FormSearchPicTest::menuImportsEveryPageOnce()
     QVERIFY(asked.size() == 85 && asked.last() == pagePath + "85"); // pages 1 to 85, then no more
     QCOMPARE(started.form.StatusBar1Panel(3)->text(), QStringLiteral("彩票期数：1681"));
     QCOMPARE(started.form.history().subItem(1, 2), firstBall);
+}
+
+void FormSearchPicTest::deepAndHeavyPagesShowANote_data()
+{
+    QTest::addColumn<QByteArray>("page");
+    QTest::addColumn<QString>("shown");
+    QTest::addColumn<QString>("imported");
+    const QString refused = QStringLiteral("此页过大或嵌套过深，无法读取。");
+    QTest::newRow("div nested 100,000 deep") << QByteArray("<div>").repeated(100'000) << refused
+                                             << QStringLiteral("已经导入数据：0条。");
+    QTest::newRow("table, row and cell nested 100,000 deep")
+        << QByteArray("<table><tr><td>").repeated(100'000) << refused << QStringLiteral("已经导入数据：0条。");
+    // Too much for the view to lay out in good time, but read all the same.
+    QString draws = sitepages::pageHtml(1);
+    const QString pager = QStringLiteral("当前第");
+    draws.replace(pager, QStringLiteral("<table><tr><td>").repeated(20) + pager);
+    const QString heavy = QStringLiteral("此页过大或过于复杂，不在此显示。");
+    QTest::newRow("draws, with tables nested 20 deep below them")
+        << sitepages::gbk(draws) << heavy << QStringLiteral("已经导入数据：20条。");
+    const QString none = QStringLiteral("已经导入数据：0条。");
+    QTest::newRow("1,001 pictures") << QByteArray("<img src=a.png>").repeated(1001) << heavy << none;
+    QTest::newRow("1,001 list items") << "<ul>" + QByteArray("<li>x").repeated(1001) << heavy << none;
+    QTest::newRow("a table 101 columns wide") << QByteArray("<table><tr><td colspan=101>x</table>") << heavy << none;
+    QTest::newRow("a paragraph of 20,001 characters") << "<p>" + QByteArray(20001, 'x') << heavy << none;
+    QTest::newRow("elements 101 deep") << QByteArray("<div>").repeated(99) << heavy << none;
+    QTest::newRow("256 KB and more") << QByteArray("<p>x</p>").repeated(32769) << heavy << none;
+}
+
+void FormSearchPicTest::deepAndHeavyPagesShowANote()
+{
+    QFETCH(QByteArray, page);
+    QFETCH(QString, shown);
+    QFETCH(QString, imported);
+    TestApp app;
+    LocalHttpServer server([&](const QByteArray&) { return HttpAnswer{200, page}; });
+    app.context.DrawSiteBase = server.base();
+    DrawHistory history;
+    FormSearchPic form(app.context, history);
+    QTRY_VERIFY(form.PageView->toPlainText().contains(shown));
+    form.Command6->click();
+    QVERIFY(told(app.messages, imported));
 }
 
 WINDOW_TEST_MAIN(FormSearchPicTest)
