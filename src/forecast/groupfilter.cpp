@@ -1,12 +1,12 @@
 #include "forecast/groupfilter.h"
 
 #include "forecast/patternautomaton.h"
+#include "platform/eventpacer.h"
 #include "platform/textrules.h"
 
 #include <QChar>
 
 #include <algorithm>
-#include <ctime>
 #include <functional>
 #include <limits>
 #include <memory>
@@ -44,64 +44,6 @@ private:
     qint32 m_count = 0;
 };
 
-// Lets pending events run after every so much work, outside the count of
-// lines: every step of the filter counts. Events run after PauseEvery steps,
-// or sooner once the steps have taken the thread MaximumPause of processor
-// time (steps that first touch memory may take long).
-class Pacer {
-public:
-    static constexpr qsizetype PauseEvery = 1 << 16;
-    static constexpr qint64 MaximumPause = 30'000'000; // nanoseconds
-
-    explicit Pacer(const LetEventsRun& letEventsRun) : m_letEventsRun(letEventsRun), m_since(threadTime()) {}
-
-    void worked(qsizetype amount)
-    {
-        m_work += amount;
-        m_sinceLook += amount;
-        if (m_work < PauseEvery) {
-            if (m_sinceLook < 1024)
-                return;
-            m_sinceLook = 0;
-            if (threadTime() - m_since < MaximumPause)
-                return;
-        }
-        pause();
-    }
-
-    // After work that isn't counted in steps (memory given back): events
-    // run if its time has come.
-    void tick()
-    {
-        if (threadTime() - m_since >= MaximumPause)
-            pause();
-    }
-
-private:
-    void pause()
-    {
-        if (m_letEventsRun)
-            m_letEventsRun();
-        m_work = 0;
-        m_sinceLook = 0;
-        m_since = threadTime();
-    }
-
-
-    // The processor time of this thread, in nanoseconds.
-    static qint64 threadTime()
-    {
-        timespec now{};
-        clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
-        return qint64(now.tv_sec) * 1'000'000'000 + now.tv_nsec;
-    }
-
-    const LetEventsRun& m_letEventsRun;
-    qsizetype m_work = 0;
-    qsizetype m_sinceLook = 0;
-    qint64 m_since;
-};
-
 // Calls `take` with each line of `text` split at CR LF, as textrules::split
 // splits (no line in an empty text), one after another rather than all
 // first.
@@ -125,7 +67,7 @@ constexpr qsizetype Part = 4096;
 // The lines of what is left, trimmed, the empty ones dropped, each ended by
 // CR LF. A long line goes over in parts, each counted as work for `pacer`
 // where there is one.
-QString collectLines(QStringView rest, RunningCount& count, Pacer* pacer = nullptr)
+QString collectLines(QStringView rest, RunningCount& count, EventPacer* pacer = nullptr)
 {
     QString collected;
     collected.reserve(rest.size());
@@ -159,7 +101,7 @@ struct TakenOut {
     bool crossesLines = false;
 };
 
-TakenOut readTakenOut(QStringView takenOut, Pacer& pacer)
+TakenOut readTakenOut(QStringView takenOut, EventPacer& pacer)
 {
     TakenOut read;
     read.patterns.units.reserve(size_t(takenOut.size()));
@@ -197,7 +139,7 @@ TakenOut readTakenOut(QStringView takenOut, Pacer& pacer)
 // them, changes how the unit after it compares; it is read anew.
 class PieceFilter {
 public:
-    PieceFilter(const PatternAutomaton& automaton, const PatternList& patterns, Pacer& pacer)
+    PieceFilter(const PatternAutomaton& automaton, const PatternList& patterns, EventPacer& pacer)
         : m_automaton(automaton),
           m_patterns(patterns),
           m_pacer(pacer),
@@ -476,7 +418,7 @@ private:
 
     const PatternAutomaton& m_automaton;
     const PatternList& m_patterns;
-    Pacer& m_pacer;
+    EventPacer& m_pacer;
     PatternAutomaton::Memo m_memo;
     // The piece at hand.
     QStringView m_piece;
@@ -514,7 +456,7 @@ QString filterGroupsSequentially(const QString& kept, const QString& takenOut, c
 
 QString filterGroups(const QString& kept, const QString& takenOut, const LetEventsRun& letEventsRun)
 {
-    Pacer pacer(letEventsRun);
+    EventPacer pacer(letEventsRun);
     TakenOut read = readTakenOut(takenOut, pacer);
     if (kept.size() > std::numeric_limits<qint32>::max())
         return filterGroupsSequentially(kept, takenOut, letEventsRun);

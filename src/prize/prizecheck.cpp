@@ -1,5 +1,6 @@
 #include "prize/prizecheck.h"
 
+#include "platform/eventpacer.h"
 #include "platform/textrules.h"
 
 #include <array>
@@ -12,7 +13,8 @@ namespace {
 
 const QString lineEnd = QStringLiteral("\r\n");
 
-// Events run after about this many bet-draw comparisons.
+// Events run after about this many bet-draw comparisons (or sooner, when
+// they take long).
 constexpr qint64 workBetweenEvents = qint64(1) << 22;
 
 QString number(qint64 value)
@@ -54,24 +56,6 @@ void appendSummary(QString& text, const Totals& totals)
 }
 
 // Counts work done and lets events run when enough has piled up.
-class EventPacer {
-public:
-    explicit EventPacer(const LetEventsRun& letEventsRun) : m_letEventsRun(letEventsRun) {}
-    void done(qint64 work)
-    {
-        m_work += work;
-        if (m_work >= workBetweenEvents) {
-            m_work = 0;
-            if (m_letEventsRun)
-                m_letEventsRun();
-        }
-    }
-
-private:
-    const LetEventsRun& m_letEventsRun;
-    qint64 m_work = 0;
-};
-
 bool isSingleRedChoice(const Bet& bet)
 {
     return bet.bankerCount == 0 && bet.otherCount == 6 && bet.blueCount == 1;
@@ -171,7 +155,7 @@ QString drawReport(const std::vector<BetLine>& lines, const Draw& draw, const Le
 {
     QString text;
     Totals totals;
-    EventPacer pacer(letEventsRun);
+    EventPacer pacer(letEventsRun, workBetweenEvents);
     for (const BetLine& line : lines) {
         text += linePrefix(line);
         if (const Refusal* refusal = std::get_if<Refusal>(&line.content)) {
@@ -194,7 +178,7 @@ QString drawReport(const std::vector<BetLine>& lines, const Draw& draw, const Le
             text += wins.join(QStringLiteral("，"));
         }
         text += redsOnlyNote(bet) + lineEnd;
-        pacer.done(8);
+        pacer.worked(8);
     }
     appendSummary(text, totals);
     return text;
@@ -208,7 +192,7 @@ QString historyReport(const std::vector<BetLine>& lines, const std::vector<Issue
     QString text;
     text.reserve(qsizetype(lines.size()) * 32 + 200);
     Totals totals;
-    EventPacer pacer(letEventsRun);
+    EventPacer pacer(letEventsRun, workBetweenEvents);
     const qint64 drawCount = qint64(draws.size());
     for (const BetLine& line : lines) {
         text += linePrefix(line);
@@ -225,7 +209,7 @@ QString historyReport(const std::vector<BetLine>& lines, const std::vector<Issue
             add(totals.tiers, counts);
             best = bestTier(counts);
             wonDraws = drawCount - counts[0];
-            pacer.done(drawCount);
+            pacer.worked(drawCount);
         } else {
             for (const IssuedDraw& each : draws) {
                 const TierCounts counts = tiersOf(bet, each.draw);
@@ -236,7 +220,7 @@ QString historyReport(const std::vector<BetLine>& lines, const std::vector<Issue
                     best = best == 0 ? tier : std::min(best, tier);
                 }
             }
-            pacer.done(8 * drawCount);
+            pacer.worked(8 * drawCount);
         }
         if (best == 0)
             text += QStringLiteral("从未中奖");
