@@ -9,18 +9,14 @@
 
 namespace wheelsearch {
 
-
 Annealer::Annealer(int points, wheel::Guarantee guarantee, std::vector<Block> blocks, std::uint64_t seed)
-    : m_points(points),
+    : SearchBase(seed * 0x9E3779B97F4A7C15ull + 0x632BE59BD9B4E019ull),
+      m_points(points),
       m_drawn(guarantee.drawn),
       m_held(guarantee.held),
       m_all((Block(1) << points) - 1),
-      m_blocks(std::move(blocks)),
-      m_state(seed * 0x9E3779B97F4A7C15ull + 0x632BE59BD9B4E019ull)
+      m_blocks(std::move(blocks))
 {
-    for (int n = 0; n <= 32; ++n)
-        for (int k = 0; k <= 6; ++k)
-            m_binomial[n][k] = std::uint32_t(wheel::binomial(n, k));
     const std::size_t sets = m_binomial[points][m_drawn];
     m_count.assign(sets, 0);
     m_setOf.resize(sets);
@@ -38,25 +34,6 @@ Annealer::Annealer(int points, wheel::Guarantee guarantee, std::vector<Block> bl
     }
     for (Block block : m_blocks)
         add(block, +1);
-}
-
-std::uint64_t Annealer::random()
-{
-    // xorshift64*
-    m_state ^= m_state >> 12;
-    m_state ^= m_state << 25;
-    m_state ^= m_state >> 27;
-    return m_state * 0x2545F4914F6CDD1Dull;
-}
-
-std::uint32_t Annealer::rank(std::uint32_t set) const
-{
-    std::uint32_t result = 0;
-    for (int size = 1; set; ++size) {
-        result += m_binomial[std::countr_zero(set)][size];
-        set &= set - 1;
-    }
-    return result;
 }
 
 template <class Visit> void Annealer::forServed(Block block, Visit&& visit) const

@@ -7,6 +7,7 @@
 // of serving blocks are kept up to date move by move, by the colex ranks of
 // the sets, so that a move costs a few dozen look-ups.
 
+#include "subsets.h"
 #include "wheel/wheeldesign.h"
 
 #include <chrono>
@@ -17,7 +18,7 @@ namespace wheelsearch {
 
 using wheel::Block;
 
-class Annealer {
+class Annealer : SearchBase {
 public:
     Annealer(int points, wheel::Guarantee guarantee, std::vector<Block> blocks, std::uint64_t seed);
 
@@ -43,8 +44,6 @@ public:
     void dropRandom();
 
 private:
-    std::uint64_t random();
-    std::uint32_t rank(std::uint32_t set) const;
     void add(Block block, int by);
     template <class Visit> void forServed(Block block, Visit&& visit) const;
     template <class Visit> void forChanged(Block block, Block out, Block in, Visit&& visit) const;
@@ -59,8 +58,6 @@ private:
     std::vector<std::uint32_t> m_setOf;    // the set of each rank
     std::vector<std::uint32_t> m_unserved; // ranks of the sets no block serves
     std::vector<std::int32_t> m_place;     // where a rank stands in m_unserved, or -1
-    std::uint32_t m_binomial[33][7]{};
-    std::uint64_t m_state;
     std::vector<std::uint32_t> m_lost;
     std::vector<std::uint32_t> m_gained;
     std::vector<std::uint32_t> m_weight;

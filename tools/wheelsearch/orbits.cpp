@@ -10,16 +10,13 @@
 namespace wheelsearch {
 
 OrbitAnnealer::OrbitAnnealer(int points, wheel::Guarantee guarantee, Rotation rotation, std::uint64_t seed)
-    : m_points(points),
+    : SearchBase(seed * 0x9E3779B97F4A7C15ull + 0x2545F4914F6CDD1Dull),
+      m_points(points),
       m_drawn(guarantee.drawn),
       m_held(guarantee.held),
       m_rotation(rotation),
-      m_all((Block(1) << points) - 1),
-      m_state(seed * 0x9E3779B97F4A7C15ull + 0x2545F4914F6CDD1Dull)
+      m_all((Block(1) << points) - 1)
 {
-    for (int n = 0; n <= 32; ++n)
-        for (int k = 0; k <= 6; ++k)
-            m_binomial[n][k] = std::uint32_t(wheel::binomial(n, k));
     const int moving = points - rotation.fixed;
     for (int byte = 0; byte < 3; ++byte) {
         for (int value = 0; value < 256; ++value) {
@@ -60,24 +57,6 @@ OrbitAnnealer::OrbitAnnealer(int points, wheel::Guarantee guarantee, Rotation ro
         m_place[std::size_t(orbit)] = std::int32_t(m_unserved.size());
         m_unserved.push_back(orbit);
     }
-}
-
-std::uint64_t OrbitAnnealer::random()
-{
-    m_state ^= m_state >> 12;
-    m_state ^= m_state << 25;
-    m_state ^= m_state >> 27;
-    return m_state * 0x2545F4914F6CDD1Dull;
-}
-
-std::uint32_t OrbitAnnealer::rank(std::uint32_t set) const
-{
-    std::uint32_t result = 0;
-    for (int size = 1; set; ++size) {
-        result += m_binomial[std::countr_zero(set)][size];
-        set &= set - 1;
-    }
-    return result;
 }
 
 Block OrbitAnnealer::rotate(Block set) const

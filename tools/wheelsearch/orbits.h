@@ -8,6 +8,7 @@
 // thousand blocks is searched as one of a few hundred. Many of the smallest
 // coverings known have such a symmetry.
 
+#include "subsets.h"
 #include "wheel/wheeldesign.h"
 
 #include <chrono>
@@ -23,7 +24,7 @@ struct Rotation {
     int fixed = 0; // points that stay, the last ones
 };
 
-class OrbitAnnealer {
+class OrbitAnnealer : SearchBase {
 public:
     OrbitAnnealer(int points, wheel::Guarantee guarantee, Rotation rotation, std::uint64_t seed);
 
@@ -40,8 +41,6 @@ public:
     std::vector<Block> design() const;
 
 private:
-    std::uint64_t random();
-    std::uint32_t rank(std::uint32_t set) const;
     Block rotate(Block set) const;
     bool fullOrbit(Block block) const;
     void add(Block block, int by);
@@ -61,8 +60,6 @@ private:
     std::vector<std::uint32_t> m_count;  // blocks serving each orbit's sets, counted through the representatives
     std::vector<std::int32_t> m_unserved;
     std::vector<std::int32_t> m_place;
-    std::uint32_t m_binomial[33][7]{};
-    std::uint64_t m_state;
     std::vector<std::int32_t> m_zeroed;
     std::vector<std::int32_t> m_revived;
     std::vector<std::int32_t> m_lost;
