@@ -131,12 +131,11 @@ void add(TierCounts& sum, const TierCounts& counts)
         sum[tier] += counts[tier];
 }
 
-} // namespace
-
-QString countReport(const std::vector<BetLine>& lines)
+// One line of the report for each bet line: its prefix, then its refusal, or
+// what `describe` writes of its bet and the note of a bet of reds only.
+template <class Describe>
+void reportLines(QString& text, const std::vector<BetLine>& lines, Describe&& describe)
 {
-    QString text;
-    qint64 bets = 0;
     for (const BetLine& line : lines) {
         text += linePrefix(line);
         if (const Refusal* refusal = std::get_if<Refusal>(&line.content)) {
@@ -144,9 +143,21 @@ QString countReport(const std::vector<BetLine>& lines)
             continue;
         }
         const Bet& bet = std::get<Bet>(line.content);
-        bets += bet.count();
-        text += number(bet.count()) + QStringLiteral("注") + redsOnlyNote(bet) + lineEnd;
+        describe(bet);
+        text += redsOnlyNote(bet) + lineEnd;
     }
+}
+
+} // namespace
+
+QString countReport(const std::vector<BetLine>& lines)
+{
+    QString text;
+    qint64 bets = 0;
+    reportLines(text, lines, [&](const Bet& bet) {
+        bets += bet.count();
+        text += number(bet.count()) + QStringLiteral("注");
+    });
     appendCost(text, bets);
     return text;
 }
@@ -156,13 +167,7 @@ QString drawReport(const std::vector<BetLine>& lines, const Draw& draw, const Le
     QString text;
     Totals totals;
     EventPacer pacer(letEventsRun, workBetweenEvents);
-    for (const BetLine& line : lines) {
-        text += linePrefix(line);
-        if (const Refusal* refusal = std::get_if<Refusal>(&line.content)) {
-            text += refusal->reason + lineEnd;
-            continue;
-        }
-        const Bet& bet = std::get<Bet>(line.content);
+    reportLines(text, lines, [&](const Bet& bet) {
         const TierCounts counts = tiersOf(bet, draw);
         totals.bets += bet.count();
         add(totals.tiers, counts);
@@ -177,9 +182,8 @@ QString drawReport(const std::vector<BetLine>& lines, const Draw& draw, const Le
             }
             text += wins.join(QStringLiteral("，"));
         }
-        text += redsOnlyNote(bet) + lineEnd;
         pacer.worked(8);
-    }
+    });
     appendSummary(text, totals);
     return text;
 }
@@ -194,13 +198,7 @@ QString historyReport(const std::vector<BetLine>& lines, const std::vector<Issue
     Totals totals;
     EventPacer pacer(letEventsRun, workBetweenEvents);
     const qint64 drawCount = qint64(draws.size());
-    for (const BetLine& line : lines) {
-        text += linePrefix(line);
-        if (const Refusal* refusal = std::get_if<Refusal>(&line.content)) {
-            text += refusal->reason + lineEnd;
-            continue;
-        }
-        const Bet& bet = std::get<Bet>(line.content);
+    reportLines(text, lines, [&](const Bet& bet) {
         totals.bets += bet.count() * drawCount;
         int best = 0;
         qint64 wonDraws = 0;
@@ -227,8 +225,7 @@ QString historyReport(const std::vector<BetLine>& lines, const std::vector<Issue
         else
             text += QStringLiteral("最好成绩：") + tierName(best) + QStringLiteral("，中奖") + number(wonDraws)
                     + QStringLiteral("期");
-        text += redsOnlyNote(bet) + lineEnd;
-    }
+    });
     appendSummary(text, totals);
     return text;
 }
