@@ -68,11 +68,7 @@ int main()
 
     DrawHistory history;
     QRandomGenerator rows(20261122);
-    for (int row = 0; row < historyRows; ++row) {
-        const QString issue = QString::number(2003001 + row);
-        history.add(DrawHistory::keyOf(issue), issue);
-        history.setSubItem(row, DrawHistory::GroupSubItem, benchsupport::randomGroup(rows));
-    }
+    benchsupport::addRandomDraws(history, historyRows, rows);
     std::vector<double> ms;
     historycheck::PastDraws draws;
     for (int run = 0; run < runs; ++run) {

@@ -95,11 +95,7 @@ int main()
 {
     DrawHistory history;
     QRandomGenerator rows(20261122);
-    for (int row = 0; row < historyRows; ++row) {
-        const QString issue = QString::number(2003001 + row);
-        history.add(DrawHistory::keyOf(issue), issue);
-        history.setSubItem(row, DrawHistory::GroupSubItem, benchsupport::randomGroup(rows));
-    }
+    benchsupport::addRandomDraws(history, historyRows, rows);
     GroupHistory collections;
     QElapsedTimer fillTimer;
     fillTimer.start();

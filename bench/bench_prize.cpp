@@ -24,11 +24,7 @@ std::vector<prize::IssuedDraw> makeDraws(int count, quint32 seed)
 {
     QRandomGenerator random(seed);
     DrawHistory history;
-    for (int i = 0; i < count; ++i) {
-        const QString issue = QString::number(2003001 + i);
-        history.add(DrawHistory::keyOf(issue), issue);
-        history.setSubItem(i, DrawHistory::GroupSubItem, benchsupport::randomGroup(random));
-    }
+    benchsupport::addRandomDraws(history, count, random);
     return prize::checkableDraws(history);
 }
 

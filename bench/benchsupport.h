@@ -2,6 +2,8 @@
 
 // What the benchmarks share: made-up draws and the median of repeated runs.
 
+#include "history/drawhistory.h"
+
 #include <QRandomGenerator>
 #include <QString>
 
@@ -26,6 +28,16 @@ inline QString randomGroup(QRandomGenerator& random, bool someSecondBlues = fals
         group += QString::asprintf("%02d ", red);
     const int secondBlue = someSecondBlues && random.bounded(0, 4) == 0 ? int(random.bounded(1, 17)) : 0;
     return group + QString::asprintf("%02d %02d", int(random.bounded(1, 17)), secondBlue);
+}
+
+// Appends `count` made-up draws to the history, issues 2003001 on in order.
+inline void addRandomDraws(DrawHistory& history, int count, QRandomGenerator& random)
+{
+    for (int i = 0; i < count; ++i) {
+        const QString issue = QString::number(2003001 + i);
+        history.add(DrawHistory::keyOf(issue), issue);
+        history.setSubItem(history.count() - 1, DrawHistory::GroupSubItem, randomGroup(random));
+    }
 }
 
 inline double median(std::vector<double> values)
