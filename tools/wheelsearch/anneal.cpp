@@ -28,10 +28,8 @@ Annealer::Annealer(int points, wheel::Guarantee guarantee, std::vector<Block> bl
         const std::uint64_t ripple = set + lowest;
         set = (((ripple ^ set) >> 2) / lowest) | ripple;
     }
-    for (std::uint32_t rank = 0; rank < sets; ++rank) {
-        m_place[rank] = std::int32_t(m_unserved.size());
-        m_unserved.push_back(rank);
-    }
+    for (std::uint32_t rank = 0; rank < sets; ++rank)
+        unserved(rank);
     for (Block block : m_blocks)
         add(block, +1);
 }
@@ -58,35 +56,32 @@ template <class Visit> void Annealer::forChanged(Block block, Block out, Block i
     });
 }
 
+void Annealer::unserved(std::uint32_t r)
+{
+    m_place[r] = std::int32_t(m_unserved.size());
+    m_unserved.push_back(r);
+}
+
+void Annealer::served(std::uint32_t r)
+{
+    const std::int32_t at = m_place[r];
+    m_place[m_unserved.back()] = at;
+    m_unserved[std::size_t(at)] = m_unserved.back();
+    m_unserved.pop_back();
+    m_place[r] = -1;
+}
+
 void Annealer::add(Block block, int by)
 {
     forServed(block, [&](std::uint32_t r) {
         if (by > 0) {
-            if (m_count[r]++ == 0) {
-                const std::int32_t at = m_place[r];
-                m_place[m_unserved.back()] = at;
-                m_unserved[std::size_t(at)] = m_unserved.back();
-                m_unserved.pop_back();
-                m_place[r] = -1;
-            }
+            if (m_count[r]++ == 0)
+                served(r);
         } else if (--m_count[r] == 0) {
-            m_place[r] = std::int32_t(m_unserved.size());
-            m_unserved.push_back(r);
+            unserved(r);
         }
     });
 }
-
-namespace {
-
-Block randomBit(Block set, std::uint64_t value)
-{
-    const int skip = int(value % std::uint64_t(std::popcount(set)));
-    for (int i = 0; i < skip; ++i)
-        set &= set - 1;
-    return set & (~set + 1);
-}
-
-} // namespace
 
 void Annealer::pickMove(int& index, Block& out, Block& in)
 {
@@ -148,19 +143,12 @@ bool Annealer::anneal(std::int64_t moves, double hot, double cold, std::chrono::
             (delta > MostDelta || std::uint32_t(random() >> 32) >= chance[std::size_t(delta)]))
             continue;
         for (std::uint32_t r : m_lost) {
-            if (--m_count[r] == 0) {
-                m_place[r] = std::int32_t(m_unserved.size());
-                m_unserved.push_back(r);
-            }
+            if (--m_count[r] == 0)
+                unserved(r);
         }
         for (std::uint32_t r : m_gained) {
-            if (m_count[r]++ == 0) {
-                const std::int32_t at = m_place[r];
-                m_place[m_unserved.back()] = at;
-                m_unserved[std::size_t(at)] = m_unserved.back();
-                m_unserved.pop_back();
-                m_place[r] = -1;
-            }
+            if (m_count[r]++ == 0)
+                served(r);
         }
         m_blocks[std::size_t(index)] = (block & ~out) | in;
         if (m_unserved.empty())
@@ -230,17 +218,10 @@ bool Annealer::weightedSearch(std::int64_t steps, int tenure)
         }
         const Block block = m_blocks[std::size_t(bestIndex)];
         forChanged(block, bestOut, bestIn, [&](std::uint32_t lost, std::uint32_t gained) {
-            if (--m_count[lost] == 0) {
-                m_place[lost] = std::int32_t(m_unserved.size());
-                m_unserved.push_back(lost);
-            }
-            if (m_count[gained]++ == 0) {
-                const std::int32_t at = m_place[gained];
-                m_place[m_unserved.back()] = at;
-                m_unserved[std::size_t(at)] = m_unserved.back();
-                m_unserved.pop_back();
-                m_place[gained] = -1;
-            }
+            if (--m_count[lost] == 0)
+                unserved(lost);
+            if (m_count[gained]++ == 0)
+                served(gained);
         });
         m_blocks[std::size_t(bestIndex)] = (block & ~bestOut) | bestIn;
         m_changedAt[std::size_t(bestIndex)] = step;

@@ -44,6 +44,9 @@ public:
     void dropRandom();
 
 private:
+    // The set of rank `r` has lost its last serving block, or gained its first.
+    void unserved(std::uint32_t r);
+    void served(std::uint32_t r);
     void add(Block block, int by);
     template <class Visit> void forServed(Block block, Visit&& visit) const;
     template <class Visit> void forChanged(Block block, Block out, Block in, Visit&& visit) const;

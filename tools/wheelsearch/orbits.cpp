@@ -137,18 +137,6 @@ void OrbitAnnealer::randomStart(int representatives)
     }
 }
 
-namespace {
-
-Block randomBit(Block set, std::uint64_t value)
-{
-    const int skip = int(value % std::uint64_t(std::popcount(set)));
-    for (int i = 0; i < skip; ++i)
-        set &= set - 1;
-    return set & (~set + 1);
-}
-
-} // namespace
-
 bool OrbitAnnealer::anneal(std::int64_t moves, double hot, double cold, std::chrono::steady_clock::time_point deadline)
 {
     if (m_unserved.empty())

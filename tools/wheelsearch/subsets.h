@@ -11,6 +11,15 @@ namespace wheelsearch {
 
 using wheel::forSubsets;
 
+// One of the bits of `set`, picked by `value` (a random number).
+inline wheel::Block randomBit(wheel::Block set, std::uint64_t value)
+{
+    const int skip = int(value % std::uint64_t(std::popcount(set)));
+    for (int i = 0; i < skip; ++i)
+        set &= set - 1;
+    return set & (~set + 1);
+}
+
 // What both searches use: a fast generator (xorshift64*) and the rank of a
 // set among the sets of its size, in colex order.
 class SearchBase {
