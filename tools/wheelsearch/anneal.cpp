@@ -114,18 +114,10 @@ bool Annealer::anneal(std::int64_t moves, double hot, double cold, std::chrono::
         return true;
     if (m_blocks.empty())
         return false;
-    constexpr int Stage = 1000;
-    constexpr int MostDelta = 16;
-    std::array<std::uint32_t, MostDelta + 1> chance{};
-    const double stages = double(std::max<std::int64_t>(1, moves / Stage));
+    Cooling cooling(moves, hot, cold, deadline);
     for (std::int64_t move = 0; move < moves; ++move) {
-        if (move % Stage == 0) {
-            if (move % (Stage * 64) == 0 && std::chrono::steady_clock::now() > deadline)
-                return false;
-            const double temperature = hot * std::pow(cold / hot, double(move / Stage) / stages);
-            for (int delta = 1; delta <= MostDelta; ++delta)
-                chance[std::size_t(delta)] = std::uint32_t(std::exp(-delta / temperature) * 4294967295.0);
-        }
+        if (!cooling.before(move))
+            return false;
         int index = 0;
         Block out = 0;
         Block in = 0;
@@ -139,8 +131,7 @@ bool Annealer::anneal(std::int64_t moves, double hot, double cold, std::chrono::
             m_gained.push_back(gained);
             delta += (m_count[lost] == 1) - (m_count[gained] == 0);
         });
-        if (delta > 0 &&
-            (delta > MostDelta || std::uint32_t(random() >> 32) >= chance[std::size_t(delta)]))
+        if (!cooling.takes(delta, [this] { return std::uint32_t(random() >> 32); }))
             continue;
         for (std::uint32_t r : m_lost) {
             if (--m_count[r] == 0)

@@ -143,19 +143,11 @@ bool OrbitAnnealer::anneal(std::int64_t moves, double hot, double cold, std::chr
         return true;
     if (m_blocks.empty())
         return false;
-    constexpr int Stage = 1000;
-    constexpr int MostDelta = 16;
-    std::array<std::uint32_t, MostDelta + 1> chance{};
-    const double stages = double(std::max<std::int64_t>(1, moves / Stage));
+    Cooling cooling(moves, hot, cold, deadline);
     const int blocks = int(m_blocks.size());
     for (std::int64_t move = 0; move < moves; ++move) {
-        if (move % Stage == 0) {
-            if (move % (Stage * 64) == 0 && std::chrono::steady_clock::now() > deadline)
-                return false;
-            const double temperature = hot * std::pow(cold / hot, double(move / Stage) / stages);
-            for (int delta = 1; delta <= MostDelta; ++delta)
-                chance[std::size_t(delta)] = std::uint32_t(std::exp(-delta / temperature) * 4294967295.0);
-        }
+        if (!cooling.before(move))
+            return false;
         // A block that holds one point too few of some image of an unserved set.
         Block set = m_orbitSet[std::size_t(m_unserved[random() % m_unserved.size()])];
         for (int turn = int(random() % std::uint64_t(m_rotation.cycle)); turn > 0; --turn)
@@ -200,7 +192,7 @@ bool OrbitAnnealer::anneal(std::int64_t moves, double hot, double cold, std::chr
                 m_revived.push_back(orbit);
         }
         const int delta = int(m_zeroed.size()) - int(m_revived.size());
-        if (delta > 0 && (delta > MostDelta || std::uint32_t(random() >> 32) >= chance[std::size_t(delta)])) {
+        if (!cooling.takes(delta, [this] { return std::uint32_t(random() >> 32); })) {
             for (std::int32_t orbit : m_gained)
                 --m_count[std::size_t(orbit)];
             for (std::int32_t orbit : m_lost)
