@@ -14,7 +14,8 @@
 // picks cases as v:m:t, --report prints the sizes against the goals and
 // searches nothing. A covering search stops at the best known size, a lotto
 // design with a goal at its goal unless --beyond is given. --hot and --cold
-// are the temperatures at the start and the end of each try. --rotation
+// are the temperatures at the start and the end of each try; going on from
+// the table's design, a low start (0.3) keeps the search near it. --rotation
 // searches wheels that a rotation leaves as they are: the first points in
 // cycles of L, the last f fixed, from R representatives (or as many as the
 // table's design needs) down.
@@ -328,8 +329,12 @@ void searchRotated(Table& table, const QString& path, int points, Guarantee guar
         bool served = false;
         while (!served && left() > 0) {
             served = annealer.anneal(moves, hot, cold, deadline);
-            if (!served)
-                moves = std::min(moves * 2, mostMoves);
+            if (served)
+                break;
+            if (qEnvironmentVariableIsSet("WHEELSEARCH_TRACE"))
+                std::fprintf(stderr, "    try of %lld: %d orbits unserved\n", static_cast<long long>(moves),
+                             annealer.unserved());
+            moves = std::min(moves * 2, mostMoves);
         }
         if (!served)
             break;
