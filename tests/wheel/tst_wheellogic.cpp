@@ -48,7 +48,7 @@ constexpr int coverings[14][3] = {{4, 5, 6},     {4, 7, 12},     {7, 12, 30},   
 // The coverings the search has not yet brought to their goal, with the size
 // shipped: none may grow.
 const std::map<std::pair<int, int>, int> shortfalls = {
-    {{18, 4}, 288}, {{19, 4}, 342}, {{20, 4}, 440},
+    {{18, 4}, 272}, {{19, 4}, 342}, {{20, 4}, 440},
     {{18, 5}, 1692}, {{19, 5}, 2299}, {{20, 5}, 3060},
 };
 

@@ -8,7 +8,7 @@
 //
 //   wheelsearch --table src/wheel/wheels.txt [--seconds 20] [--only 20:5:5,13:4:4]
 //               [--seed 1] [--beyond] [--hot 1.2] [--cold 0.08]
-//               [--rotation L:f [--reps R]] [--report]
+//               [--rotation L:f | --affine p:m [--reps R]] [--report]
 //
 // --seconds is the time for each case (0: only derive and greedy), --only
 // picks cases as v:m:t, --report prints the sizes against the goals and
@@ -17,8 +17,11 @@
 // are the temperatures at the start and the end of each try; going on from
 // the table's design, a low start (0.3) keeps the search near it. --rotation
 // searches wheels that a rotation leaves as they are: the first points in
-// cycles of L, the last f fixed, from R representatives (or as many as the
-// table's design needs) down.
+// cycles of L, the last f fixed, from R representatives at random (or as
+// many as the table's design needs) down; from the table's design itself,
+// less one orbit, when the rotation leaves it as it is. --affine does the same with the maps
+// x -> ax + b modulo the prime p on the first p points, a in the subgroup
+// of order m of the units, the other points fixed.
 
 #include "anneal.h"
 #include "orbits.h"
@@ -301,28 +304,31 @@ void search(Table& table, const QString& path, int points, Guarantee guarantee, 
     }
 }
 
-// The same with a rotation of the points imposed: the wheel is the images
-// of a few representatives, and every step takes out a whole orbit.
-void searchRotated(Table& table, const QString& path, int points, Guarantee guarantee, double seconds,
-                   std::uint64_t seed, wheelsearch::Rotation rotation, int representatives)
+// The same with a group of permutations imposed (a rotation, or the maps
+// x -> ax + b): the wheel is the images of a few representatives, and every
+// step takes out a whole orbit.
+void searchSymmetric(Table& table, const QString& path, int points, Guarantee guarantee, double seconds,
+                     std::uint64_t seed, const wheelsearch::Group& group, int representatives)
 {
-    if (rotation.cycle < 2 || rotation.fixed < 0 || (points - rotation.fixed) % rotation.cycle != 0) {
-        std::fprintf(stderr, "v=%d: no rotation with cycles of %d and %d fixed points\n", points, rotation.cycle,
-                     rotation.fixed);
-        return;
-    }
     const Design* held = table.find(points, guarantee);
+    const int order = int(group.size());
     if (representatives <= 0)
-        representatives = held ? int(held->blocks.size()) / rotation.cycle : 1;
-    std::fprintf(stderr, "v=%d %s: cycles of %d, %d fixed, from %d representatives (%d blocks)\n", points,
-                 qPrintable(wheel::guaranteeName(guarantee)), rotation.cycle, rotation.fixed, representatives,
-                 representatives * rotation.cycle);
+        representatives = held ? int(held->blocks.size()) / order : 1;
+    std::fprintf(stderr, "v=%d %s: a group of %d, from %d representatives (%d blocks)\n", points,
+                 qPrintable(wheel::guaranteeName(guarantee)), order, representatives, representatives * order);
     QElapsedTimer clock;
     clock.start();
     const auto left = [&] { return seconds - double(clock.elapsed()) / 1000.0; };
     const auto deadline = std::chrono::steady_clock::now() + std::chrono::milliseconds(qint64(seconds * 1000));
-    wheelsearch::OrbitAnnealer annealer(points, guarantee, rotation, seed);
-    annealer.randomStart(representatives);
+    wheelsearch::OrbitAnnealer annealer(points, guarantee, group, seed);
+    // A table design that the group leaves as it is is the start, less its
+    // weakest orbit; otherwise representatives at random.
+    if (held && annealer.startFrom(held->blocks)) {
+        std::fprintf(stderr, "  from the table's design\n");
+        annealer.dropWeakest();
+    } else {
+        annealer.randomStart(representatives);
+    }
     std::int64_t moves = 20000;
     const std::int64_t mostMoves = 200'000'000;
     while (left() > 0 && annealer.representatives() > 0) {
@@ -342,7 +348,7 @@ void searchRotated(Table& table, const QString& path, int points, Guarantee guar
         std::fprintf(stderr, "  %d representatives, %zu blocks after %.1f s (%lld moves a try)\n",
                      annealer.representatives(), found.blocks.size(), double(clock.elapsed()) / 1000.0,
                      static_cast<long long>(moves));
-        if (table.offer(std::move(found), "rotation"))
+        if (table.offer(std::move(found), "symmetric"))
             table.save(path);
         const auto best = record(points, guarantee);
         if (best && int(annealer.design().size()) <= *best)
@@ -406,13 +412,24 @@ int main(int argc, char* argv[])
     if (turning.size() == 2)
         rotation = {turning[0].toInt(), turning[1].toInt()};
     const int representatives = option(QStringLiteral("--reps"), QStringLiteral("0")).toInt();
+    const QStringList affine = option(QStringLiteral("--affine")).split(QLatin1Char(':'));
     table.derive();
     for (const auto& [points, guarantee] : casesOf(option(QStringLiteral("--only")))) {
         if (points < wheel::FewestPoints || points > wheel::MostPoints)
             continue;
-        if (rotation.cycle > 1)
-            searchRotated(table, path, points, guarantee, seconds, seed, rotation, representatives);
-        else
+        wheelsearch::Group group;
+        if (rotation.cycle > 1 && rotation.fixed >= 0 && rotation.fixed < points &&
+            (points - rotation.fixed) % rotation.cycle == 0)
+            group = wheelsearch::rotationGroup(points, rotation);
+        if (affine.size() == 2 && affine[0].toInt() <= points)
+            group = wheelsearch::affineGroup(affine[0].toInt(), affine[1].toInt());
+        if (rotation.cycle > 1 || affine.size() == 2) {
+            if (group.size() < 2) {
+                std::fprintf(stderr, "v=%d: no such group\n", points);
+                continue;
+            }
+            searchSymmetric(table, path, points, guarantee, seconds, seed, group, representatives);
+        } else
             search(table, path, points, guarantee, seconds, seed, beyond);
         table.derive();
         if (!table.save(path)) {

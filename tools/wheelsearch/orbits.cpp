@@ -9,28 +9,65 @@
 
 namespace wheelsearch {
 
-OrbitAnnealer::OrbitAnnealer(int points, wheel::Guarantee guarantee, Rotation rotation, std::uint64_t seed)
+Group rotationGroup(int points, Rotation rotation)
+{
+    const int moving = points - rotation.fixed;
+    const int cycle = rotation.cycle;
+    Group group(static_cast<std::size_t>(cycle));
+    for (int times = 0; times < cycle; ++times) {
+        for (int point = 0; point < 32; ++point) {
+            group[std::size_t(times)][std::size_t(point)] =
+                std::int8_t(point < moving ? point / cycle * cycle + (point % cycle + times) % cycle : point);
+        }
+    }
+    return group;
+}
+
+Group affineGroup(int prime, int order)
+{
+    if (prime < 3 || prime > 32 || order < 1 || (prime - 1) % order != 0)
+        return {};
+    for (int divisor = 2; divisor * divisor <= prime; ++divisor) {
+        if (prime % divisor == 0)
+            return {};
+    }
+    // The powers of the first unit whose order is the one wanted.
+    std::vector<int> multipliers{1};
+    for (int unit = 2; unit < prime && int(multipliers.size()) != order; ++unit) {
+        multipliers.assign(1, 1);
+        for (int power = unit; power != 1; power = power * unit % prime)
+            multipliers.push_back(power);
+    }
+    Group group;
+    for (int multiplier : multipliers) {
+        for (int shift = 0; shift < prime; ++shift) {
+            Permutation map{};
+            for (int point = 0; point < 32; ++point)
+                map[std::size_t(point)] = std::int8_t(point < prime ? (multiplier * point + shift) % prime : point);
+            group.push_back(map);
+        }
+    }
+    return group;
+}
+
+OrbitAnnealer::OrbitAnnealer(int points, wheel::Guarantee guarantee, Group group, std::uint64_t seed)
     : SearchBase(seed * 0x9E3779B97F4A7C15ull + 0x2545F4914F6CDD1Dull),
       m_points(points),
       m_drawn(guarantee.drawn),
       m_held(guarantee.held),
-      m_rotation(rotation),
       m_all((Block(1) << points) - 1)
 {
-    const int moving = points - rotation.fixed;
-    for (int byte = 0; byte < 3; ++byte) {
-        for (int value = 0; value < 256; ++value) {
-            std::uint32_t image = 0;
-            for (int bit = 0; bit < 8; ++bit) {
-                if (!(value & (1 << bit)))
-                    continue;
-                const int point = byte * 8 + bit;
-                int to = point;
-                if (point < moving)
-                    to = point / rotation.cycle * rotation.cycle + (point % rotation.cycle + 1) % rotation.cycle;
-                image |= std::uint32_t(1) << to;
+    m_images.resize(group.size());
+    for (std::size_t element = 0; element < group.size(); ++element) {
+        for (int byte = 0; byte < 3; ++byte) {
+            for (int value = 0; value < 256; ++value) {
+                std::uint32_t image = 0;
+                for (int bit = 0; bit < 8; ++bit) {
+                    if (value & (1 << bit))
+                        image |= std::uint32_t(1) << group[element][std::size_t(byte * 8 + bit)];
+                }
+                m_images[element][std::size_t(byte)][std::size_t(value)] = image;
             }
-            m_turn[byte][value] = image;
         }
     }
     // The orbits of the drawn sets.
@@ -41,11 +78,8 @@ OrbitAnnealer::OrbitAnnealer(int points, wheel::Guarantee guarantee, Rotation ro
         if (m_orbitOf[r] < 0) {
             const auto orbit = std::int32_t(m_orbitSet.size());
             m_orbitSet.push_back(Block(set));
-            Block image = Block(set);
-            do {
-                m_orbitOf[rank(image)] = orbit;
-                image = rotate(image);
-            } while (image != Block(set));
+            for (std::size_t element = 0; element < m_images.size(); ++element)
+                m_orbitOf[rank(image(element, Block(set)))] = orbit;
         }
         const std::uint64_t lowest = set & (~set + 1);
         const std::uint64_t ripple = set + lowest;
@@ -59,17 +93,16 @@ OrbitAnnealer::OrbitAnnealer(int points, wheel::Guarantee guarantee, Rotation ro
     }
 }
 
-Block OrbitAnnealer::rotate(Block set) const
+Block OrbitAnnealer::image(std::size_t element, Block set) const
 {
-    return m_turn[0][set & 0xFF] | m_turn[1][(set >> 8) & 0xFF] | m_turn[2][(set >> 16) & 0xFF];
+    const auto& table = m_images[element];
+    return table[0][set & 0xFF] | table[1][(set >> 8) & 0xFF] | table[2][(set >> 16) & 0xFF];
 }
 
 bool OrbitAnnealer::fullOrbit(Block block) const
 {
-    Block image = block;
-    for (int turn = 1; turn < m_rotation.cycle; ++turn) {
-        image = rotate(image);
-        if (image == block)
+    for (std::size_t element = 1; element < m_images.size(); ++element) {
+        if (image(element, block) == block)
             return false;
     }
     return true;
@@ -137,6 +170,31 @@ void OrbitAnnealer::randomStart(int representatives)
     }
 }
 
+bool OrbitAnnealer::startFrom(const std::vector<Block>& design)
+{
+    std::vector<Block> left = design;
+    std::sort(left.begin(), left.end());
+    std::vector<Block> representatives;
+    while (!left.empty()) {
+        const Block block = left.front();
+        if (!fullOrbit(block))
+            return false;
+        for (std::size_t element = 0; element < m_images.size(); ++element) {
+            const auto found = std::lower_bound(left.begin(), left.end(), image(element, block));
+            if (found == left.end() || *found != image(element, block))
+                return false;
+            left.erase(found);
+        }
+        representatives.push_back(block);
+    }
+    for (Block block : m_blocks)
+        add(block, -1);
+    m_blocks = representatives;
+    for (Block block : m_blocks)
+        add(block, +1);
+    return true;
+}
+
 bool OrbitAnnealer::anneal(std::int64_t moves, double hot, double cold, std::chrono::steady_clock::time_point deadline)
 {
     if (m_unserved.empty())
@@ -150,8 +208,7 @@ bool OrbitAnnealer::anneal(std::int64_t moves, double hot, double cold, std::chr
             return false;
         // A block that holds one point too few of some image of an unserved set.
         Block set = m_orbitSet[std::size_t(m_unserved[random() % m_unserved.size()])];
-        for (int turn = int(random() % std::uint64_t(m_rotation.cycle)); turn > 0; --turn)
-            set = rotate(set);
+        set = image(random() % m_images.size(), set);
         int index = -1;
         const int start = int(random() % std::uint64_t(blocks));
         for (int step = 0; step < blocks; ++step) {
@@ -256,12 +313,11 @@ std::vector<Block> OrbitAnnealer::design() const
 {
     std::vector<Block> blocks;
     for (Block block : m_blocks) {
-        Block image = block;
-        do {
-            blocks.push_back(image);
-            image = rotate(image);
-        } while (image != block);
+        for (std::size_t element = 0; element < m_images.size(); ++element)
+            blocks.push_back(image(element, block));
     }
+    std::sort(blocks.begin(), blocks.end());
+    blocks.erase(std::unique(blocks.begin(), blocks.end()), blocks.end());
     return blocks;
 }
 

@@ -1,9 +1,9 @@
 #pragma once
 
-// Annealing over wheels that a rotation of the points leaves as they are:
-// the points fall into cycles of one length, the rest stay fixed, and a
-// wheel is the union of the images of a few representative blocks under
-// the rotation and its powers. The search moves the representatives only,
+// Annealing over wheels that a group of permutations of the points leaves
+// as they are (a rotation and its powers, or the maps x -> ax + b modulo a
+// prime): a wheel is the union of the images of a few representative
+// blocks under every permutation of the group. The search moves the representatives only,
 // and counts the drawn sets by their orbits, so that a wheel of a few
 // thousand blocks is searched as one of a few hundred. Many of the smallest
 // coverings known have such a symmetry.
@@ -11,6 +11,7 @@
 #include "subsets.h"
 #include "wheel/wheeldesign.h"
 
+#include <array>
 #include <chrono>
 #include <cstdint>
 #include <vector>
@@ -24,12 +25,26 @@ struct Rotation {
     int fixed = 0; // points that stay, the last ones
 };
 
+// Every permutation of a group, the identity first: the image of each point.
+using Permutation = std::array<std::int8_t, 32>;
+using Group = std::vector<Permutation>;
+
+// The rotation and its powers: the first points in cycles, the rest fixed.
+Group rotationGroup(int points, Rotation rotation);
+// x -> ax + b modulo `prime` on the first `prime` points, with a in the
+// subgroup of order `order` of the units (which must divide prime - 1), the
+// other points fixed. Empty where there is no such group.
+Group affineGroup(int prime, int order);
+
 class OrbitAnnealer : SearchBase {
 public:
-    OrbitAnnealer(int points, wheel::Guarantee guarantee, Rotation rotation, std::uint64_t seed);
+    OrbitAnnealer(int points, wheel::Guarantee guarantee, Group group, std::uint64_t seed);
 
     // Representatives at random, each with a full orbit.
     void randomStart(int representatives);
+    // The representatives of a design that the group leaves as it is, each
+    // with a full orbit; false, and nothing changed, for any other design.
+    bool startFrom(const std::vector<Block>& design);
     int representatives() const { return int(m_blocks.size()); }
     int unserved() const { return int(m_unserved.size()); }
 
@@ -41,7 +56,7 @@ public:
     std::vector<Block> design() const;
 
 private:
-    Block rotate(Block set) const;
+    Block image(std::size_t element, Block set) const;
     bool fullOrbit(Block block) const;
     void add(Block block, int by);
     Block randomFullBlock();
@@ -51,9 +66,8 @@ private:
     int m_points;
     int m_drawn;
     int m_held;
-    Rotation m_rotation;
     Block m_all;
-    std::uint32_t m_turn[3][256]{}; // the rotation, a byte of the set at a time
+    std::vector<std::array<std::array<std::uint32_t, 256>, 3>> m_images; // each permutation, a byte at a time
     std::vector<Block> m_blocks;    // representatives
     std::vector<std::int32_t> m_orbitOf; // orbit of each drawn set, by rank
     std::vector<Block> m_orbitSet;       // one set of each orbit
