@@ -19,9 +19,9 @@
 // searches wheels that a rotation leaves as they are: the first points in
 // cycles of L, the last f fixed, from R representatives at random (or as
 // many as the table's design needs) down; from the table's design itself,
-// less one orbit, when the rotation leaves it as it is. --affine does the same with the maps
-// x -> ax + b modulo the prime p on the first p points, a in the subgroup
-// of order m of the units, the other points fixed.
+// less one orbit, when the rotation leaves it as it is. --affine does the
+// same with the maps x -> ax + b modulo the prime p on the first p points,
+// a in the subgroup of order m of the units, the other points fixed.
 
 #include "anneal.h"
 #include "orbits.h"
@@ -345,13 +345,14 @@ void searchSymmetric(Table& table, const QString& path, int points, Guarantee gu
         if (!served)
             break;
         Design found{points, guarantee, annealer.design()};
-        std::fprintf(stderr, "  %d representatives, %zu blocks after %.1f s (%lld moves a try)\n",
-                     annealer.representatives(), found.blocks.size(), double(clock.elapsed()) / 1000.0,
+        const int size = int(found.blocks.size());
+        std::fprintf(stderr, "  %d representatives, %d blocks after %.1f s (%lld moves a try)\n",
+                     annealer.representatives(), size, double(clock.elapsed()) / 1000.0,
                      static_cast<long long>(moves));
         if (table.offer(std::move(found), "symmetric"))
             table.save(path);
         const auto best = record(points, guarantee);
-        if (best && int(annealer.design().size()) <= *best)
+        if (best && size <= *best)
             break;
         annealer.dropWeakest();
     }
@@ -417,13 +418,10 @@ int main(int argc, char* argv[])
     for (const auto& [points, guarantee] : casesOf(option(QStringLiteral("--only")))) {
         if (points < wheel::FewestPoints || points > wheel::MostPoints)
             continue;
-        wheelsearch::Group group;
-        if (rotation.cycle > 1 && rotation.fixed >= 0 && rotation.fixed < points &&
-            (points - rotation.fixed) % rotation.cycle == 0)
-            group = wheelsearch::rotationGroup(points, rotation);
-        if (affine.size() == 2 && affine[0].toInt() <= points)
-            group = wheelsearch::affineGroup(affine[0].toInt(), affine[1].toInt());
         if (rotation.cycle > 1 || affine.size() == 2) {
+            const wheelsearch::Group group =
+                affine.size() == 2 ? wheelsearch::affineGroup(points, affine[0].toInt(), affine[1].toInt())
+                                   : wheelsearch::rotationGroup(points, rotation);
             if (group.size() < 2) {
                 std::fprintf(stderr, "v=%d: no such group\n", points);
                 continue;

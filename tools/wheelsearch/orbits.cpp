@@ -13,6 +13,8 @@ Group rotationGroup(int points, Rotation rotation)
 {
     const int moving = points - rotation.fixed;
     const int cycle = rotation.cycle;
+    if (cycle < 2 || rotation.fixed < 0 || moving < cycle || moving % cycle != 0)
+        return {};
     Group group(static_cast<std::size_t>(cycle));
     for (int times = 0; times < cycle; ++times) {
         for (int point = 0; point < 32; ++point) {
@@ -23,9 +25,9 @@ Group rotationGroup(int points, Rotation rotation)
     return group;
 }
 
-Group affineGroup(int prime, int order)
+Group affineGroup(int points, int prime, int order)
 {
-    if (prime < 3 || prime > 32 || order < 1 || (prime - 1) % order != 0)
+    if (prime < 3 || prime > points || order < 1 || (prime - 1) % order != 0)
         return {};
     for (int divisor = 2; divisor * divisor <= prime; ++divisor) {
         if (prime % divisor == 0)

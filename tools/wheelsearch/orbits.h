@@ -3,9 +3,9 @@
 // Annealing over wheels that a group of permutations of the points leaves
 // as they are (a rotation and its powers, or the maps x -> ax + b modulo a
 // prime): a wheel is the union of the images of a few representative
-// blocks under every permutation of the group. The search moves the representatives only,
-// and counts the drawn sets by their orbits, so that a wheel of a few
-// thousand blocks is searched as one of a few hundred. Many of the smallest
+// blocks under every permutation of the group. The search moves the
+// representatives only, and counts the drawn sets by their orbits, so that
+// a wheel of a few thousand blocks is searched as one of a few hundred. Many of the smallest
 // coverings known have such a symmetry.
 
 #include "subsets.h"
@@ -29,12 +29,13 @@ struct Rotation {
 using Permutation = std::array<std::int8_t, 32>;
 using Group = std::vector<Permutation>;
 
+// Both are empty where `points` have no such group.
 // The rotation and its powers: the first points in cycles, the rest fixed.
 Group rotationGroup(int points, Rotation rotation);
 // x -> ax + b modulo `prime` on the first `prime` points, with a in the
 // subgroup of order `order` of the units (which must divide prime - 1), the
-// other points fixed. Empty where there is no such group.
-Group affineGroup(int prime, int order);
+// other points fixed.
+Group affineGroup(int points, int prime, int order);
 
 class OrbitAnnealer : SearchBase {
 public:
